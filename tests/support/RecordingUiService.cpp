@@ -10,9 +10,13 @@ public:
 
 }  // namespace
 
-RecordingUiService::RecordingUiService() { ui::install(this); }
+RecordingUiService::RecordingUiService() {
+    ui::install(this);
+}
 
-RecordingUiService::~RecordingUiService() { ui::install(nullptr); }
+RecordingUiService::~RecordingUiService() {
+    ui::install(nullptr);
+}
 
 ui::Answer RecordingUiService::message(const ui::Message& message) {
     messages.append(message);
@@ -35,7 +39,9 @@ bool RecordingUiService::choosePrinter(QPrinter&) {
     return printerConfirmed;
 }
 
-void RecordingUiService::playSound(const QString& eventName) { sounds.append(eventName); }
+void RecordingUiService::playSound(const QString& eventName) {
+    sounds.append(eventName);
+}
 
 bool RecordingUiService::openAddress(const QString& address) {
     openedAddresses.append(address);

@@ -2,6 +2,10 @@
 
 #include "base/ProgramFolder.h"
 
-TempProgramFolder::TempProgramFolder() { ProgramFolder::setForTests(dir_.path()); }
+TempProgramFolder::TempProgramFolder() {
+    ProgramFolder::setForTests(dir_.path());
+}
 
-TempProgramFolder::~TempProgramFolder() { ProgramFolder::setForTests(QString()); }
+TempProgramFolder::~TempProgramFolder() {
+    ProgramFolder::setForTests(QString());
+}

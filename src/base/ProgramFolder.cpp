@@ -1,0 +1,32 @@
+#include "base/ProgramFolder.h"
+
+#include <QCoreApplication>
+#include <QDir>
+
+namespace {
+
+QString& testFolder() {
+    static QString folder;
+    return folder;
+}
+
+}  // namespace
+
+namespace ProgramFolder {
+
+QString path() {
+    if (!testFolder().isEmpty()) {
+        return testFolder();
+    }
+    return QCoreApplication::applicationDirPath();
+}
+
+void setForTests(const QString& folder) {
+    testFolder() = folder;
+}
+
+QString withSeparator(const QString& folder) {
+    return folder.endsWith(u'/') ? folder : folder + u'/';
+}
+
+}  // namespace ProgramFolder

@@ -1,0 +1,86 @@
+#include "base/Regional.h"
+
+#include <optional>
+
+namespace {
+
+QLocale defaultLocale() {
+    const QLocale system = QLocale::system();
+    if (system.language() == QLocale::C) {
+        return QLocale(QLocale::Dutch, QLocale::Netherlands);
+    }
+    return system;
+}
+
+std::optional<QLocale>& current() {
+    static std::optional<QLocale> locale;
+    return locale;
+}
+
+QLocale plainNumbers(const QLocale& base) {
+    QLocale locale = base;
+    locale.setNumberOptions(QLocale::OmitGroupSeparator);
+    return locale;
+}
+
+}  // namespace
+
+const QLocale& Regional::locale() {
+    if (!current()) {
+        current() = defaultLocale();
+    }
+    return *current();
+}
+
+void Regional::setLocaleForTests(const QLocale& locale) {
+    current() = locale.language() == QLocale::C ? defaultLocale() : locale;
+}
+
+QChar Regional::decimalSeparator() {
+    return locale().decimalPoint().at(0);
+}
+
+QString Regional::shortDateFormat() {
+    return locale().dateFormat(QLocale::ShortFormat);
+}
+
+QString Regional::numberText(double value) {
+    return plainNumbers(locale()).toString(value, 'g', 15);
+}
+
+QString Regional::currencyNumberText(const Currency& amount) {
+    // Exact, from the scaled integer: up to four decimals, trailing zeros dropped.
+    const std::int64_t raw = amount.raw();
+    const bool negative = raw < 0;
+    const quint64 magnitude = negative ? 0 - static_cast<quint64>(raw) : static_cast<quint64>(raw);
+    QString text = QString::number(magnitude / Currency::Scale);
+    QString fraction = QStringLiteral("%1").arg(magnitude % Currency::Scale, 4, 10, QChar(u'0'));
+    while (fraction.endsWith(u'0')) {
+        fraction.chop(1);
+    }
+    if (!fraction.isEmpty()) {
+        text += decimalSeparator() + fraction;
+    }
+    return negative ? QStringLiteral("-") + text : text;
+}
+
+QString Regional::dateText(const QDateTime& value) {
+    QString text = locale().toString(value.date(), shortDateFormat());
+    if (value.time() != QTime(0, 0)) {
+        text += u' ' + value.time().toString(QStringLiteral("HH:mm:ss"));
+    }
+    return text;
+}
+
+QString Regional::currencyText(const Currency& amount) {
+    // Whole cents, halves away from zero, from the exact amount.
+    const std::int64_t raw = amount.raw();
+    const quint64 magnitude = raw < 0 ? 0 - static_cast<quint64>(raw) : static_cast<quint64>(raw);
+    const double cents = static_cast<double>((magnitude + 50) / 100) / 100.0;
+    const double rounded = raw < 0 ? -cents : cents;
+    if (locale().language() != QLocale::Dutch) {
+        return locale().toCurrencyString(rounded, locale().currencySymbol(), 2);
+    }
+    // The Dutch form of the desktop's regional settings: "€ 1.234,56", "€ -1.234,56".
+    return locale().currencySymbol() + u' ' + locale().toString(rounded, 'f', 2);
+}

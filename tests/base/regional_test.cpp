@@ -1,0 +1,56 @@
+#include <gtest/gtest.h>
+
+#include <QLocale>
+
+#include "base/Regional.h"
+
+namespace {
+
+class RegionalDutch : public ::testing::Test {
+protected:
+    void SetUp() override {
+        Regional::setLocaleForTests(QLocale(QLocale::Dutch, QLocale::Netherlands));
+    }
+    void TearDown() override { Regional::setLocaleForTests(QLocale::c()); }
+};
+
+TEST_F(RegionalDutch, PlainNumbersUseTheDecimalCommaWithoutGrouping) {
+    EXPECT_EQ(Regional::numberText(1234.5), QStringLiteral("1234,5"));
+    EXPECT_EQ(Regional::numberText(-0.25), QStringLiteral("-0,25"));
+    EXPECT_EQ(Regional::numberText(21), QStringLiteral("21"));
+}
+
+TEST_F(RegionalDutch, AmountsAsPlainTextAreExactToFourDecimals) {
+    EXPECT_EQ(Regional::currencyNumberText(Currency::fromRaw(12345678)),
+              QStringLiteral("1234,5678"));
+    EXPECT_EQ(Regional::currencyNumberText(Currency::fromRaw(-15000)), QStringLiteral("-1,5"));
+    EXPECT_EQ(Regional::currencyNumberText(Currency::fromRaw(20000)), QStringLiteral("2"));
+    EXPECT_EQ(Regional::currencyNumberText(Currency::min()),
+              QStringLiteral("-922337203685477,5808"));
+}
+
+TEST_F(RegionalDutch, AmountsAsCurrencyHaveSignGroupingAndTwoDecimals) {
+    EXPECT_EQ(Regional::currencyText(Currency::fromDouble(1234.5)), QStringLiteral("€ 1.234,50"));
+    EXPECT_EQ(Regional::currencyText(Currency::fromDouble(-1234.5678)),
+              QStringLiteral("€ -1.234,57"));
+    EXPECT_EQ(Regional::currencyText(Currency::fromDouble(0.125)), QStringLiteral("€ 0,13"));
+    EXPECT_EQ(Regional::currencyText(Currency::fromDouble(-0.005)), QStringLiteral("€ -0,01"));
+}
+
+TEST_F(RegionalDutch, DatesShowTheirTimeOnlyWhenTheyHaveOne) {
+    EXPECT_EQ(Regional::dateText(QDateTime(QDate(2026, 1, 2), QTime(0, 0))),
+              QStringLiteral("02-01-2026"));
+    EXPECT_EQ(Regional::dateText(QDateTime(QDate(2026, 1, 2), QTime(9, 5, 7))),
+              QStringLiteral("02-01-2026 09:05:07"));
+}
+
+TEST(Regional, TheCLocaleFallsBackToDutch) {
+    if (QLocale::system().language() != QLocale::C) {
+        GTEST_SKIP() << "the system runs a real locale";
+    }
+    Regional::setLocaleForTests(QLocale::c());
+    EXPECT_EQ(Regional::locale().language(), QLocale::Dutch);
+    EXPECT_EQ(Regional::decimalSeparator(), QChar(u','));
+}
+
+}  // namespace
