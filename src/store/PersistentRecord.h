@@ -1,0 +1,217 @@
+#pragma once
+
+#include <QDateTime>
+#include <QList>
+#include <QString>
+#include <QVariant>
+#include <memory>
+#include <type_traits>
+#include <variant>
+#include <vector>
+
+#include "base/Currency.h"
+#include "store/Recordset.h"
+#include "store/clsDatabase.h"
+#include "store/clsPersistenceClass.h"
+
+// The record protocol written once. A record class derives from PersistentRecord<itself>
+// and names only its table, its key and its columns; the fourteen operations follow from
+// that. The class provides, and lets PersistentRecord<Derived> reach as a friend:
+//   static constexpr const char* Table, KeyName;
+//   static qint32 Derived::* keyMember();
+//   static const persist::Columns<Derived>& writeColumns();  // in the order they are written
+//   static const persist::Columns<Derived>& readColumns();   // in the order they are read
+namespace persist {
+
+// What a column holds in the record; it follows from the type of the field it fills.
+enum class Kind { String, Long, Integer, Boolean, Double, Single, Currency, Date };
+
+// Every column reads Null as its kind's empty value (0, "", False, the zero date), except
+// where a record has always read it differently.
+enum class ReadRule {
+    Plain,
+    NullAsZeroText,  // a Null text reads "0": the number 0 turned into text
+    NullAsNow,       // a Null date reads as the present date and time
+    OneWhenTrue,     // a yes/no column read into a number: 1 when True, 0 otherwise
+};
+
+// The date a date field holds before anything is put into it.
+QDateTime zeroDate();
+
+QString toText(const QVariant& value, ReadRule rule);
+qint32 toLong(const QVariant& value);
+qint16 toInteger(const QVariant& value, ReadRule rule);
+bool toBoolean(const QVariant& value);
+double toDouble(const QVariant& value);
+float toSingle(const QVariant& value);
+Currency toCurrency(const QVariant& value);
+QDateTime toDate(const QVariant& value, ReadRule rule);
+
+// The position of a column in a set; error 3265 when the set has no such column.
+int requiredFieldIndex(const Recordset& set, const QString& name);
+
+template <class R>
+class Column {
+public:
+    // The alternatives are in the order of Kind.
+    using Member = std::variant<QString R::*, qint32 R::*, qint16 R::*, bool R::*, double R::*,
+                                float R::*, Currency R::*, QDateTime R::*>;
+
+    Column(const char* name, Member member, ReadRule rule = ReadRule::Plain)
+        : name_(QString::fromLatin1(name)), member_(member), rule_(rule) {}
+
+    const QString& name() const { return name_; }
+    Kind kind() const { return static_cast<Kind>(member_.index()); }
+
+    void read(R& record, const QVariant& value) const {
+        std::visit([&](auto member) { record.*member = convert(value, &(record.*member)); },
+                   member_);
+    }
+
+    QVariant write(const R& record) const {
+        return std::visit(
+            [&](auto member) -> QVariant {
+                const auto& field = record.*member;
+                if constexpr (std::is_same_v<std::decay_t<decltype(field)>, qint16>) {
+                    return QVariant(static_cast<int>(field));
+                } else {
+                    return QVariant::fromValue(field);
+                }
+            },
+            member_);
+    }
+
+private:
+    QString convert(const QVariant& v, const QString*) const { return toText(v, rule_); }
+    qint32 convert(const QVariant& v, const qint32*) const { return toLong(v); }
+    qint16 convert(const QVariant& v, const qint16*) const { return toInteger(v, rule_); }
+    bool convert(const QVariant& v, const bool*) const { return toBoolean(v); }
+    double convert(const QVariant& v, const double*) const { return toDouble(v); }
+    float convert(const QVariant& v, const float*) const { return toSingle(v); }
+    Currency convert(const QVariant& v, const Currency*) const { return toCurrency(v); }
+    QDateTime convert(const QVariant& v, const QDateTime*) const { return toDate(v, rule_); }
+
+    QString name_;
+    Member member_;
+    ReadRule rule_;
+};
+
+template <class R>
+using Columns = std::vector<Column<R>>;
+
+// Reads rows of one set into records; the columns are looked up once for the whole set.
+template <class R>
+class RowReader {
+public:
+    RowReader(const Recordset& set, const Columns<R>& columns) : set_(set), columns_(columns) {
+        indexes_.reserve(columns.size());
+        for (const auto& column : columns) {
+            indexes_.push_back(requiredFieldIndex(set, column.name()));
+        }
+    }
+
+    void read(R& record) const {
+        for (std::size_t i = 0; i < columns_.size(); ++i) {
+            columns_[i].read(record, set_.value(indexes_[i]));
+        }
+    }
+
+    // Every row from the current one to the end, handed to add in set order.
+    template <class Add>
+    void readRemaining(Recordset& set, Add add) const {
+        while (!set.isEOF()) {
+            R record;
+            read(record);
+            add(std::move(record));
+            set.moveNext();
+        }
+    }
+
+private:
+    const Recordset& set_;
+    const Columns<R>& columns_;
+    std::vector<int> indexes_;
+};
+
+}  // namespace persist
+
+template <class Derived>
+class PersistentRecord : public clsPersistenceClass {
+public:
+    void SluitConnectie() override { clsDatabase().SluitConnectie(); }
+    void Bijwerken() override { clsDatabase().UpdateInstance(*this); }
+    void Verwijderen() override { clsDatabase().DeleteInstance(*this); }
+    qint32 GetID() const override { return self().*Derived::keyMember(); }
+    void SetID(qint32 id) override { self().*Derived::keyMember() = id; }
+
+    // Inserts only: a stored record is written with Bijwerken.
+    void Opslaan() override {
+        if (GetID() == 0) {
+            clsDatabase().NieuweInstance(*this);
+        }
+    }
+
+    void Ophalen() override { clsDatabase().retrieveInstance(*this); }
+
+    Collection OphalenLijst(const QString& filter) override {
+        return clsDatabase().retrieveMultiple(filter, *this);
+    }
+
+    QString GetSelectClause() const override {
+        return QStringLiteral("SELECT * FROM ") + Derived::Table + " WHERE " + Derived::KeyName +
+               "=" + QString::number(GetID());
+    }
+
+    QString GetSelectClauseWithFilter(const QString& filter) const override {
+        QString sql = QStringLiteral("SELECT * FROM ") + Derived::Table;
+        if (!filter.isEmpty()) {
+            sql += " WHERE " + filter;
+        }
+        return sql;
+    }
+
+    // Every column of the write list, empty texts as empty texts; the key never.
+    void SetPersistentData(Recordset& set) const override {
+        for (const auto& column : Derived::writeColumns()) {
+            set.setValue(column.name(), column.write(self()));
+        }
+    }
+
+    // Without a current row the record keeps its values.
+    void CopyData(Recordset& set) override {
+        if (!set.isEOF()) {
+            reader(set).read(self());
+        }
+    }
+
+    void CopyMultiple(Recordset& set, Collection& collection) const override {
+        if (set.isEOF()) {
+            return;
+        }
+        reader(set).readRemaining(set, [&](Derived&& record) {
+            collection.append(std::make_shared<Derived>(std::move(record)));
+        });
+    }
+
+    QString GetIDNaam() const override { return QString::fromLatin1(Derived::KeyName); }
+
+    // OphalenLijst with records of this class, in the order of the select text.
+    QList<Derived> Lijst(const QString& filter) const {
+        clsDatabase database;
+        database.MaakConnectie();
+        auto set = gConnectie->openReadSet(GetSelectClauseWithFilter(filter));
+        QList<Derived> list;
+        if (!set->isEOF()) {
+            reader(*set).readRemaining(*set,
+                                       [&](Derived&& record) { list.append(std::move(record)); });
+        }
+        return list;
+    }
+
+private:
+    static persist::RowReader<Derived> reader(const Recordset& set) {
+        return persist::RowReader<Derived>(set, Derived::readColumns());
+    }
+    const Derived& self() const { return static_cast<const Derived&>(*this); }
+    Derived& self() { return static_cast<Derived&>(*this); }
+};
