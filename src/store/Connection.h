@@ -46,11 +46,15 @@ public:
     // The key the engine gave the last inserted row.
     qint64 lastInsertId() const;
 
-    sqlite3* handle() const { return db_; }
+    sqlite3* handle() const { return db_.get(); }
 
 private:
+    sqlite3* requireOpen() const;
+
     QString provider_;
-    sqlite3* db_ = nullptr;
+    // Shared with the updatable sets, which write through it while the connection is open
+    // and refuse to once it is closed.
+    std::shared_ptr<sqlite3> db_;
     int transactionDepth_ = 0;
 };
 

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QHash>
+#include <QList>
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+
+#include "store/Field.h"
+
+struct sqlite3_stmt;
+
+// How the engine keeps each kind of value in SQLite and hands it back: yes/no as 1/0,
+// money as the amount times 10000, dates as ISO text; and the description of the
+// columns of a result.
+namespace columns {
+
+struct DeclaredType {
+    FieldType type = FieldType::Variant;
+    int size = 0;
+};
+
+// The kind of a column from its declared (Jet) type; a rowid key is a 32-bit Long.
+DeclaredType declaredType(const char* declared, bool rowidKey);
+
+// The value of a column of the current row, as the field's kind; Null as an invalid
+// QVariant. An expression (Variant) is typed from the value itself.
+QVariant read(sqlite3_stmt* statement, int column, FieldType type);
+// Binds a value already converted to the field's kind.
+void bind(sqlite3_stmt* statement, int parameter, const QVariant& value, FieldType type);
+
+QString dateTimeText(const QDateTime& value);
+QDateTime parseDateTime(QStringView text);
+
+// The fields of a result with the base column each comes from, and a lookup by name
+// that is case-insensitive and accepts "Table.Column".
+class Columns {
+public:
+    static Columns of(sqlite3_stmt* statement);
+
+    const QList<Field>& fields() const { return fields_; }
+    const QString& origin(int index) const { return origins_[index]; }
+    int size() const { return int(fields_.size()); }
+    int indexOf(const QString& name) const;
+
+private:
+    int find(const QString& name) const;
+
+    QList<Field> fields_;
+    QStringList origins_;
+    mutable QHash<QString, int> lookups_;
+};
+
+}  // namespace columns

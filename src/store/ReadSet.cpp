@@ -1,0 +1,50 @@
+#include "store/ReadSet.h"
+
+std::unique_ptr<ReadSet> ReadSet::start(engine::Statement statement) {
+    // The fields are described after the first step: a schema another connection changed
+    // is only seen once the statement runs.
+    const bool onRow = statement.step();
+    columns::Columns columns = columns::Columns::of(statement.get());
+    return std::make_unique<ReadSet>(std::move(statement), onRow, std::move(columns));
+}
+
+ReadSet::ReadSet(engine::Statement statement, bool onRow, columns::Columns columns)
+    : Impl(std::move(columns)), statement_(std::move(statement)), onRow_(onRow), empty_(!onRow) {
+    release();
+}
+
+void ReadSet::moveNext() {
+    if (!onRow_) {
+        throw engine::noCurrentRecord();
+    }
+    step();
+}
+
+void ReadSet::moveFirst() {
+    throw engine::error(3219, QStringLiteral("Ongeldige bewerking: deze recordset kan alleen "
+                                             "vooruit worden doorlopen."));
+}
+
+QVariant ReadSet::value(int index) const {
+    if (!onRow_) {
+        throw engine::noCurrentRecord();
+    }
+    return columns::read(statement_.get(), index, columns().fields()[index].type);
+}
+
+void ReadSet::close() {
+    statement_.finalize();
+    onRow_ = false;
+}
+
+void ReadSet::step() {
+    onRow_ = statement_.step();
+    release();
+}
+
+void ReadSet::release() {
+    if (!onRow_) {
+        // Done: let go of the read lock at once, so the other connection can write.
+        statement_.finalize();
+    }
+}
