@@ -47,6 +47,11 @@ Error noCurrentRecord() {
     return error(Error::NoCurrentRecord, QStringLiteral("Er is geen huidig record."));
 }
 
+Error textAfterStatement() {
+    return error(3142, QStringLiteral("Er zijn tekens gevonden na het einde van de "
+                                      "SQL-instructie."));
+}
+
 Error itemNotFound(const QString& name) {
     return error(Error::ItemNotFound,
                  QStringLiteral("Het item '%1' is niet gevonden in de verzameling die "
@@ -113,8 +118,7 @@ Statement prepareNative(sqlite3* db, const QString& sql) {
         throw error(3129, QStringLiteral("Ongeldige SQL-instructie: de opdracht is leeg."));
     }
     if (!QByteArray(tail).trimmed().isEmpty()) {
-        throw error(3142, QStringLiteral("Er zijn tekens gevonden na het einde van de "
-                                         "SQL-instructie."));
+        throw textAfterStatement();
     }
     return result;
 }

@@ -19,6 +19,7 @@ Error error(long number, const QString& description);
 [[noreturn]] void fail(sqlite3* db, int resultCode);
 
 Error noCurrentRecord();
+Error textAfterStatement();
 Error itemNotFound(const QString& name);
 Error notUpdatable();
 

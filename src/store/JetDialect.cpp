@@ -2,7 +2,7 @@
 
 #include <QRegularExpression>
 
-#include "base/Error.h"
+#include "store/Engine.h"
 #include "store/JetTranslator.h"
 #include "store/SqlLexer.h"
 
@@ -12,8 +12,6 @@ namespace {
 
 using sql::Token;
 using Tokens = QList<Token>;
-
-const QString kSource = QStringLiteral("Database-engine");
 
 QString nameOf(const Token& token) {
     return token.kind == Token::Name ? sql::unquoted(token) : token.text;
@@ -42,9 +40,7 @@ Tokens singleStatement(const Tokens& tokens) {
         }
         for (qsizetype j = i + 1; j < tokens.size(); ++j) {
             if (tokens[j].kind != Token::Blank && !tokens[j].isSymbol(u';')) {
-                throw Error(3142, kSource,
-                            QStringLiteral("Er zijn tekens gevonden na het einde van de "
-                                           "SQL-instructie."));
+                throw engine::textAfterStatement();
             }
         }
         return tokens.mid(0, i);

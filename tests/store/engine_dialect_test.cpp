@@ -76,38 +76,71 @@ INSTANTIATE_TEST_SUITE_P(Texts, MoreThanOneStatement,
                                            "DELETE FROM Klant; x", "DELETE FROM Klant;; -- x"));
 
 // Which "+" joins texts depends on the columns beside it, so these run on a database.
-struct PlusCase {
+struct QueryCase {
     const char* sql;
     QVariant expected;
 };
 
-class PlusOnColumns : public EngineTest, public ::testing::WithParamInterface<PlusCase> {
+void PrintTo(const QueryCase& c, std::ostream* os) {
+    *os << c.sql;
+}
+
+class JetQueries : public EngineTest, public ::testing::WithParamInterface<QueryCase> {
 protected:
     void SetUp() override {
         EngineTest::SetUp();
         db.execute(
-            QStringLiteral("CREATE TABLE Klant (KlantID AUTOINCREMENT, Voorletters "
-                           "TEXT(10), Tussenvoegsel TEXT(10), Achternaam TEXT(30), "
-                           "Nummer TEXT(5), Voorraad LONG, PRIMARY KEY (KlantID))"));
+            QStringLiteral("CREATE TABLE Klant (KlantID AUTOINCREMENT, Bedrijfsnaam "
+                           "TEXT(50), Voorletters TEXT(10), Tussenvoegsel TEXT(10), "
+                           "Achternaam TEXT(30), Nummer TEXT(5), Voorraad LONG, BTW YESNO, "
+                           "Dhr YESNO, Zichtbaar YESNO, PRIMARY KEY (KlantID))"));
         db.execute(
-            QStringLiteral("INSERT INTO Klant (Voorletters, Tussenvoegsel, Achternaam, "
-                           "Nummer, Voorraad) VALUES ('J.', 'van', 'Dijk', '5', 10)"));
+            QStringLiteral("INSERT INTO Klant (Bedrijfsnaam, Voorletters, Tussenvoegsel, "
+                           "Achternaam, Nummer, Voorraad, BTW, Dhr, Zichtbaar) VALUES "
+                           "(\"Zon\", 'J.', 'van', 'Dijk', '5', 10, True, False, True)"));
+        db.execute(
+            QStringLiteral("INSERT INTO Klant (Bedrijfsnaam, Zichtbaar) VALUES ('Aal', "
+                           "False)"));
+        db.execute(
+            QStringLiteral("CREATE TABLE Factuur (FactuurID AUTOINCREMENT, Nummer LONG, "
+                           "PRIMARY KEY (FactuurID))"));
+        db.execute(QStringLiteral("INSERT INTO Factuur (Nummer) VALUES (12)"));
+        db.execute(QStringLiteral("INSERT INTO Factuur (Nummer) VALUES (9)"));
     }
 };
 
-TEST_P(PlusOnColumns, JoinsTextsAndAddsNumbers) {
-    EXPECT_EQ(scalar(QString::fromUtf8(GetParam().sql)), GetParam().expected);
+TEST_P(JetQueries, RunAsJetWouldRunThem) {
+    auto set = db.openReadSet(QString::fromUtf8(GetParam().sql));
+    const QVariant& expected = GetParam().expected;
+    if (expected.typeId() == QMetaType::QStringList) {
+        QStringList values;
+        for (; !set->isEOF(); set->moveNext()) {
+            values.append(set->value(set->fieldCount() - 1).toString());
+        }
+        EXPECT_EQ(values, expected.toStringList());
+    } else {
+        EXPECT_EQ(set->value(0), expected);
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Queries, PlusOnColumns,
-    ::testing::Values(PlusCase{"SELECT Voorletters + Achternaam FROM Klant",
-                               QVariant(QStringLiteral("J.Dijk"))},
-                      PlusCase{"SELECT klant.voorletters + ' ' + Klant.Tussenvoegsel + ' ' + "
-                               "Klant.achternaam as naam FROM Klant",
-                               QVariant(QStringLiteral("J. van Dijk"))},
-                      PlusCase{"SELECT Voorraad+-2 FROM Klant", QVariant(8)},
-                      PlusCase{"SELECT Voorraad + Voorraad FROM Klant", QVariant(20)},
-                      PlusCase{"SELECT Nummer + 1 FROM Klant", QVariant(6)}));
+    Queries, JetQueries,
+    ::testing::Values(
+        QueryCase{"SELECT Voorletters + Achternaam FROM Klant", QVariant(QStringLiteral("J.Dijk"))},
+        QueryCase{"SELECT klant.voorletters + ' ' + Klant.Tussenvoegsel + ' ' + "
+                  "Klant.achternaam as naam FROM Klant",
+                  QVariant(QStringLiteral("J. van Dijk"))},
+        QueryCase{"SELECT Voorraad+-2 FROM Klant", QVariant(8)},
+        QueryCase{"SELECT Voorraad + Voorraad FROM Klant", QVariant(20)},
+        QueryCase{"SELECT Nummer + 1 FROM Klant", QVariant(6)},
+        QueryCase{"SELECT count(*) FROM Klant WHERE Bedrijfsnaam = 'ZON'", QVariant(1)},
+        QueryCase{"SELECT count(*) FROM Factuur WHERE Nummer='12'", QVariant(1)},
+        QueryCase{"SELECT Max(Nummer) FROM Factuur", QVariant(12)},
+        QueryCase{"SELECT *  ,IIF(BTW=true,\"Ja\",\"Nee\") AS NulP,IIF(Dhr=true,\"M\",\"V\") "
+                  "AS HeerMevrouw  FROM Klant WHERE Zichtbaar=true ORDER BY Bedrijfsnaam",
+                  QVariant(QStringList{"V"})},
+        QueryCase{"SELECT Bedrijfsnaam, IIF(BTW=true,\"Ja\",\"Nee\") AS NulP FROM Klant "
+                  "ORDER BY Bedrijfsnaam",
+                  QVariant(QStringList{"Nee", "Ja"})}));
 
 }  // namespace
