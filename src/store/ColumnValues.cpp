@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include <QDateTime>
+#include <cctype>
 #include <cmath>
 #include <limits>
 

@@ -402,16 +402,16 @@ public:
 
 }  // namespace
 
-Translation translateStatement(const QString& sql, const ColumnTypes& columns) {
-    Tokens tokens = trimmed(singleStatement(sql::tokenize(sql)));
+Translation translateStatement(const QString& jetSql, const ColumnTypes& columns) {
+    Tokens tokens = trimmed(singleStatement(sql::tokenize(jetSql)));
     translateLiterals(tokens);
     PlusTranslator(tokens, columns).run();
     return translateDdl(tokens);
 }
 
-QString translate(const QString& sql) {
-    const Translation translation = translateStatement(sql, NoColumnTypes());
-    return translation.isAlterColumn() ? sql : translation.sql;
+QString translate(const QString& jetSql) {
+    const Translation translation = translateStatement(jetSql, NoColumnTypes());
+    return translation.isAlterColumn() ? jetSql : translation.sql;
 }
 
 QString withColumnType(const QString& createSql, const QString& column, const QString& type,

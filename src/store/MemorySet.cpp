@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include "base/Currency.h"
 #include "store/Engine.h"
 #include "store/FieldConversion.h"
 #include "store/RowWriter.h"
@@ -25,6 +26,9 @@ QString keyPart(const QVariant& value) {
                                    : u'n' + QString::number(number, 'g', 17);
         }
         default:
+            if (value.metaType() == QMetaType::fromType<Currency>()) {
+                return u'c' + QString::number(value.value<Currency>().raw());
+            }
             return u'v' + value.toString();
     }
 }

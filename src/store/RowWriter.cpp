@@ -3,16 +3,11 @@
 #include <sqlite3.h>
 
 #include "store/Engine.h"
+#include "store/SqlLexer.h"
 
 namespace rows {
 
 namespace {
-
-QString quoted(const QString& name) {
-    QString escaped = name;
-    escaped.replace(u'"', QStringLiteral("\"\""));
-    return u'"' + escaped + u'"';
-}
 
 // The one base table of the given fields (all fields of the set when none is given).
 QString baseTable(const columns::Columns& columns, const QList<bool>& chosen) {
@@ -61,7 +56,7 @@ QList<int> locatingFields(const columns::Columns& columns, const QString& table)
 QString whereClause(const columns::Columns& columns, const QList<int>& locating) {
     QStringList conditions;
     for (int i : locating) {
-        conditions.append(quoted(columns.origin(i)) + QStringLiteral(" IS ?"));
+        conditions.append(sql::quotedName(columns.origin(i)) + QStringLiteral(" IS ?"));
     }
     return QStringLiteral(" WHERE ") + conditions.join(QStringLiteral(" AND "));
 }
@@ -93,17 +88,17 @@ Inserted insert(sqlite3* db, const columns::Columns& columns, const QList<QVaria
     for (int i : fieldsOf(columns, table)) {
         if (assigned[i]) {
             written.append(i);
-            names.append(quoted(columns.origin(i)));
+            names.append(sql::quotedName(columns.origin(i)));
         }
     }
-    QString sql = QStringLiteral("INSERT INTO ") + quoted(table);
+    QString text = QStringLiteral("INSERT INTO ") + sql::quotedName(table);
     if (written.isEmpty()) {
-        sql += QStringLiteral(" DEFAULT VALUES");
+        text += QStringLiteral(" DEFAULT VALUES");
     } else {
-        sql += QStringLiteral(" (") + names.join(u',') + QStringLiteral(") VALUES (") +
-               QStringList(names.size(), QStringLiteral("?")).join(u',') + u')';
+        text += QStringLiteral(" (") + names.join(u',') + QStringLiteral(") VALUES (") +
+                QStringList(names.size(), QStringLiteral("?")).join(u',') + u')';
     }
-    engine::Statement statement = engine::prepareNative(db, sql);
+    engine::Statement statement = engine::prepareNative(db, text);
     bindAll(statement.get(), 1, columns, written, values);
     statement.step();
     return Inserted{table, sqlite3_last_insert_rowid(db)};
@@ -120,12 +115,12 @@ void update(sqlite3* db, const columns::Columns& columns, const QList<QVariant>&
     for (int i = 0; i < columns.size(); ++i) {
         if (changed[i]) {
             written.append(i);
-            assignments.append(quoted(columns.origin(i)) + QStringLiteral("=?"));
+            assignments.append(sql::quotedName(columns.origin(i)) + QStringLiteral("=?"));
         }
     }
     const QList<int> locating = locatingFields(columns, table);
     engine::Statement statement = engine::prepareNative(
-        db, QStringLiteral("UPDATE ") + quoted(table) + QStringLiteral(" SET ") +
+        db, QStringLiteral("UPDATE ") + sql::quotedName(table) + QStringLiteral(" SET ") +
                 assignments.join(u',') + whereClause(columns, locating));
     bindAll(statement.get(), 1, columns, written, values);
     bindAll(statement.get(), int(written.size()) + 1, columns, locating, original);
@@ -135,8 +130,9 @@ void update(sqlite3* db, const columns::Columns& columns, const QList<QVariant>&
 void remove(sqlite3* db, const columns::Columns& columns, const QList<QVariant>& original) {
     const QString table = baseTable(columns, QList<bool>(columns.size(), false));
     const QList<int> locating = locatingFields(columns, table);
-    engine::Statement statement = engine::prepareNative(
-        db, QStringLiteral("DELETE FROM ") + quoted(table) + whereClause(columns, locating));
+    engine::Statement statement =
+        engine::prepareNative(db, QStringLiteral("DELETE FROM ") + sql::quotedName(table) +
+                                      whereClause(columns, locating));
     bindAll(statement.get(), 1, columns, locating, original);
     runChanging(db, statement);
 }

@@ -3,14 +3,11 @@
 #include <sqlite3.h>
 
 #include "store/Engine.h"
+#include "store/SqlLexer.h"
 
 namespace schema {
 
 namespace {
-
-QString quoted(const QString& name) {
-    return u'"' + QString(name).replace(u'"', QStringLiteral("\"\"")) + u'"';
-}
 
 struct TableDefinition {
     QString name;
@@ -57,7 +54,7 @@ void requireValuesFit(sqlite3* db, const TableDefinition& table, const QString& 
                       int length) {
     const qint64 tooLong =
         singleNumber(db, QStringLiteral("SELECT count(*) FROM %1 WHERE length(%2) > %3")
-                             .arg(quoted(table.name), quoted(column))
+                             .arg(sql::quotedName(table.name), sql::quotedName(column))
                              .arg(length));
     if (tooLong > 0) {
         throw engine::error(Error::FieldTooSmall,
@@ -69,12 +66,12 @@ void requireValuesFit(sqlite3* db, const TableDefinition& table, const QString& 
     }
 }
 
-void rewriteDefinition(sqlite3* db, const TableDefinition& table, const QString& sql) {
+void rewriteDefinition(sqlite3* db, const TableDefinition& table, const QString& definition) {
     const qint64 version = singleNumber(db, QStringLiteral("PRAGMA schema_version"));
     engine::run(db, QStringLiteral("PRAGMA writable_schema=ON"));
     engine::Statement statement = engine::prepareNative(
         db, QStringLiteral("UPDATE sqlite_master SET sql=?1 WHERE type='table' AND name=?2"));
-    const QByteArray text = sql.toUtf8();
+    const QByteArray text = definition.toUtf8();
     const QByteArray name = table.name.toUtf8();
     sqlite3_bind_text(statement.get(), 1, text.constData(), int(text.size()), SQLITE_TRANSIENT);
     sqlite3_bind_text(statement.get(), 2, name.constData(), int(name.size()), SQLITE_TRANSIENT);
@@ -90,20 +87,20 @@ void alterColumn(sqlite3* db, const jet::Translation& change) {
     const TableDefinition table = tableDefinition(db, change.alterTable);
     const QString& column = change.alterColumn;
     requireOrdinaryColumn(db, table, column);
-    const QString sql =
+    const QString definition =
         jet::withColumnType(table.sql, column, change.alterType, change.alterToText);
     if (change.textLength > 0) {
         requireValuesFit(db, table, column, change.textLength);
     }
     engine::run(db, QStringLiteral("SAVEPOINT alter_column"));
     try {
-        rewriteDefinition(db, table, sql);
+        rewriteDefinition(db, table, definition);
         if (change.alterToText) {
             engine::run(db, QStringLiteral("UPDATE %1 SET %2=CAST(%2 AS TEXT) WHERE typeof(%2) "
                                            "NOT IN ('text','null')")
-                                .arg(quoted(table.name), quoted(column)));
+                                .arg(sql::quotedName(table.name), sql::quotedName(column)));
         }
-        engine::run(db, QStringLiteral("REINDEX %1").arg(quoted(table.name)));
+        engine::run(db, QStringLiteral("REINDEX %1").arg(sql::quotedName(table.name)));
         engine::run(db, QStringLiteral("RELEASE alter_column"));
     } catch (const Error&) {
         sqlite3_exec(db,

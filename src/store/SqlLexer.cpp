@@ -135,4 +135,10 @@ QString sqlLiteral(const QString& text) {
     return u'\'' + escaped + u'\'';
 }
 
+QString quotedName(const QString& name) {
+    QString escaped = name;
+    escaped.replace(u'"', QStringLiteral("\"\""));
+    return u'"' + escaped + u'"';
+}
+
 }  // namespace sql

@@ -37,5 +37,7 @@ qsizetype previousSolid(const QList<Token>& tokens, qsizetype from);
 QString unquoted(const Token& token);
 // A text as an SQLite string literal.
 QString sqlLiteral(const QString& text);
+// A table or column name quoted for SQLite.
+QString quotedName(const QString& name);
 
 }  // namespace sql
