@@ -1,0 +1,169 @@
+#include "exchange/ExchangeRoutines.h"
+
+#include <QDate>
+#include <QFile>
+#include <memory>
+
+#include "base/Error.h"
+#include "base/ProgramFolder.h"
+#include "base/UiService.h"
+#include "exchange/FileCopy.h"
+#include "exchange/clsFileSys.h"
+#include "exchange/clsXport.h"
+#include "store/Recordset.h"
+#include "store/clsDatabase.h"
+
+namespace exchange {
+namespace {
+
+const QString kCaption = QStringLiteral("KORVANE LINDEBRUG");
+
+QString backupTarget(QString folder) {
+    if (folder.endsWith(QLatin1Char('/')))
+        folder.chop(1);
+    return folder + QLatin1Char('/') + QDate::currentDate().toString(QStringLiteral("ddMMyyyy")) +
+           QStringLiteral("db.bu1");
+}
+
+// False when the user keeps the existing backup.
+bool makeRoomFor(const QString& target) {
+    clsFileSys files;
+    if (!files.FileExists(target))
+        return true;
+    if (ui::message(QStringLiteral("Bestand bestaat! Overschrijven?"), kCaption, ui::Icon::None,
+                    ui::Buttons::YesNo, ui::Answer::Yes) != ui::Answer::Yes)
+        return false;
+    if (!files.DeleteFile(target))
+        throw Error(75, QStringLiteral("backup"),
+                    QStringLiteral("Het bestand %1 kan niet worden verwijderd.").arg(target));
+    return true;
+}
+
+bool copyDatabaseTo(const QString& target) {
+    if (!makeRoomFor(target))
+        return false;
+    filecopy::copyReplacing(clsDatabase::DatabasePath(), target, QStringLiteral("Backup maken"));
+    const bool made = clsFileSys().FileExists(target);
+    ui::message(made ? QStringLiteral("Backup gelukt!") : QStringLiteral("Backup niet gelukt!"),
+                kCaption, ui::Icon::Information);
+    return made;
+}
+
+// A journal left beside db.daa by an interrupted write belongs to the old file; the engine
+// would play it back into the restored one.
+void removeStaleJournal(const QString& database) {
+    QFile::remove(database + QStringLiteral("-journal"));
+}
+
+}  // namespace
+
+QString exportBaseName(const QString& toolName) {
+    static const std::pair<QLatin1String, QLatin1String> kTools[] = {
+        {QLatin1String("tlExpKlanten"), QLatin1String("klant")},
+        {QLatin1String("tlExpArtikelen"), QLatin1String("artikel")},
+        {QLatin1String("tlExpTarieven"), QLatin1String("tarief")},
+        {QLatin1String("tlExpArtikelfacturen"), QLatin1String("FactArt")},
+        {QLatin1String("tlExpUurfacturen"), QLatin1String("FactUur")},
+    };
+    for (const auto& [tool, baseName] : kTools) {
+        if (toolName == tool)
+            return baseName;
+    }
+    return QStringLiteral("onbekend");
+}
+
+bool exportRegister(const QString& baseName, const QString& extension) {
+    clsXport xport;
+    QString folder = xport.BrowseForFolder(QStringLiteral("Map voor export aanwijzen"));
+    if (folder.isEmpty())
+        return false;
+    if (extension == QLatin1String("csv") &&
+        xport.Xport(baseName, QStringLiteral("csv"), folder, QString())) {
+        ui::message(QStringLiteral("Export van ") + baseName +
+                        QStringLiteral(" naar csv gelukt. Het bestand is opgeslagen\r\nals ") +
+                        folder + baseName + QStringLiteral(".csv"),
+                    QStringLiteral("Export gelukt"), ui::Icon::Information);
+        return true;
+    }
+    ui::message(QStringLiteral("Export naar csv-bestand mislukt!"),
+                QStringLiteral("Export mislukt"), ui::Icon::Information);
+    return false;
+}
+
+void reportImportFailure() {
+    ui::message(QStringLiteral("Importeren vanuit bestand mislukt!"),
+                QStringLiteral("Importeren mislukt"), ui::Icon::Information);
+}
+
+bool importTable(const QString& table) {
+    const QString path = ui::service().openFile(
+        QStringLiteral("Kies te importeren bestand"),
+        QStringLiteral("tekstbestanden|*.txt|csv-bestanden|*.csv"), ProgramFolder::path());
+    if (path.isEmpty())
+        return false;
+    bool imported = false;
+    try {
+        imported = clsXport().Mport(table, path);
+    } catch (const Error&) {
+        imported = false;
+    }
+    if (!imported) {
+        reportImportFailure();
+        return false;
+    }
+    ui::message(QStringLiteral("Importeren van ") + table + QStringLiteral("  gelukt"),
+                QStringLiteral("Importeren gelukt"));
+    return true;
+}
+
+QString importHelpText(const QString& table) {
+    clsDatabase database;
+    database.MaakConnectie();
+    const auto set = database.ExecuteQuery(QStringLiteral("SELECT * FROM ") + table +
+                                           QStringLiteral(" WHERE 1=2"));
+    // Meant to drop the last ";", the test looks at the line break instead, so the list
+    // keeps its final ";" as users have always seen it.
+    QString fields;
+    for (int i = 1; i < set->fieldCount(); ++i) {
+        const QString& name = set->field(i).name;
+        if (!name.contains(QLatin1String("extra"), Qt::CaseInsensitive))
+            fields += name + QStringLiteral(";\r\n");
+    }
+    return QStringLiteral(
+               "Voor de gekozen tabel moet het te importeren bestand de volgende "
+               "velden bevatten. Elk veld moet worden afgesloten met een puntkomma, "
+               "maar kan eventueel leeg zijn, dus ';;;'\r\n") +
+           fields;
+}
+
+bool backup() {
+    try {
+        const QString folder =
+            ui::service().chooseFolder(QStringLiteral("Kies map voor de backup"));
+        if (folder.isEmpty())
+            return false;
+        return copyDatabaseTo(backupTarget(folder));
+    } catch (const Error& error) {
+        ui::message(QStringLiteral("Fout opgetreden : ") + error.description(), kCaption);
+        return false;
+    }
+}
+
+bool restore() {
+    const QString source = ui::service().openFile(QStringLiteral("Kies backup bestand"),
+                                                  QStringLiteral("bu1-bestanden|*.bu1"), QString());
+    if (source.isEmpty())
+        return false;
+    const QString database = clsDatabase::DatabasePath();
+    closeSharedConnections();
+    const bool restored =
+        filecopy::copyReplacing(source, database, QStringLiteral("Backup terugzetten"));
+    if (restored)
+        removeStaleJournal(database);
+    // Open it again straight away, so that every screen reads the restored data; a file
+    // that is not a database is reported here by the connection.
+    clsDatabase().MaakConnectie();
+    return restored;
+}
+
+}  // namespace exchange

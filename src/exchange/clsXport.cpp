@@ -1,0 +1,286 @@
+#include "exchange/clsXport.h"
+
+#include <QFile>
+#include <QStandardPaths>
+#include <memory>
+#include <utility>
+
+#include "base/Error.h"
+#include "base/Regional.h"
+#include "base/UiService.h"
+#include "exchange/Ansi.h"
+#include "exchange/AnsiLineReader.h"
+#include "exchange/clsFileSys.h"
+#include "records/clsObjFactuur.h"
+#include "store/Recordset.h"
+#include "store/clsDatabase.h"
+
+namespace {
+
+constexpr QChar kSeparator(';');
+constexpr int kProgressStep = 1000;
+// Lines stored per transaction: one transaction per line would cost a disk flush per line.
+constexpr int kLinesPerTransaction = 2000;
+
+QString withTrailingSlash(const QString& folder) {
+    return folder.endsWith(QLatin1Char('/')) ? folder : folder + QLatin1Char('/');
+}
+
+// The plain default text of a value under the regional settings.
+QString valueText(const QVariant& value) {
+    if (value.isNull())
+        return QString();
+    switch (value.typeId()) {
+        case QMetaType::Bool:
+            return value.toBool() ? QStringLiteral("True") : QStringLiteral("False");
+        case QMetaType::Int:
+        case QMetaType::LongLong:
+            return QString::number(value.toLongLong());
+        case QMetaType::Float:
+        case QMetaType::Double:
+            return Regional::numberText(value.toDouble());
+        case QMetaType::QDateTime:
+            return Regional::dateText(value.toDateTime());
+        case QMetaType::QDate:
+            return Regional::dateText(value.toDate().startOfDay());
+        default:
+            if (value.typeId() == qMetaTypeId<Currency>())
+                return Regional::currencyNumberText(value.value<Currency>());
+            return value.toString();
+    }
+}
+
+QString headerLine(const Recordset& set) {
+    QString line;
+    for (int i = 0; i < set.fieldCount(); ++i) {
+        if (i > 0)
+            line += kSeparator;
+        line += set.field(i).name;
+    }
+    return line;
+}
+
+void appendRowLine(const Recordset& set, QString& line) {
+    line.clear();
+    for (int i = 0; i < set.fieldCount(); ++i) {
+        if (i > 0)
+            line += kSeparator;
+        line += valueText(set.value(i));
+    }
+}
+
+Connection& sharedConnection() {
+    clsDatabase().MaakConnectie();
+    if (!gConnectie || gConnectie->state() != Connection::Open)
+        throw Error(3704, QStringLiteral("clsXport"),
+                    QStringLiteral("De verbinding met de database is niet open."));
+    return *gConnectie;
+}
+
+qint64 rowCount(Connection& connection, const QString& table) {
+    const auto set = connection.openReadSet(QStringLiteral("SELECT COUNT(*) FROM ") + table);
+    return set->isEOF() ? 0 : set->value(0).toLongLong();
+}
+
+bool cancelled(ui::Progress& progress, qint64 done) {
+    progress.setValue(done);
+    return progress.wasCancelled();
+}
+
+QString invoiceOverview() {
+    QString text = QStringLiteral("Nummer;Klantnaam;Datum;Totaalprijs;Totaalprijs ex. BTW\r\n");
+    const QList<clsObjFactuur> invoices = clsObjFactuur().Lijst(QString());
+    for (const clsObjFactuur& invoice : invoices) {
+        text += invoice.Nummer() % kSeparator % invoice.Klantnaam() % kSeparator %
+                Regional::dateText(invoice.Datum().date().startOfDay()) % kSeparator %
+                Regional::currencyText(invoice.TotaalPrijs()) % kSeparator %
+                Regional::currencyText(invoice.TotaalPrijsExBTW()) % QStringLiteral("\r\n");
+    }
+    return text;
+}
+
+void reportOverviewError(const Error& error) {
+    ui::message(QStringLiteral("Er is een fout opgetreden tijdens het exporteren van de "
+                               "gegevens.\r\nError: ") %
+                    QString::number(error.number()) % QStringLiteral("\r\nOmschrijving: ") %
+                    error.description(),
+                QStringLiteral("KORVANE LINDEBRUG"), ui::Icon::Exclamation);
+}
+
+// Stores the lines of an import in groups, each group one transaction, so that the rows
+// of every line before a refused one are stored and nothing of the refused line is.
+class ImportBatch {
+public:
+    explicit ImportBatch(Connection& connection) : connection_(connection) {
+        connection_.beginTrans();
+    }
+    // Leaving early (a refused line, a cancel) keeps what came before.
+    ~ImportBatch() {
+        try {
+            finish();
+        } catch (const Error&) {
+            // The error that made us leave is already on its way to the user.
+        }
+    }
+    ImportBatch(const ImportBatch&) = delete;
+    ImportBatch& operator=(const ImportBatch&) = delete;
+
+    void lineStored() {
+        if (++pending_ < kLinesPerTransaction)
+            return;
+        connection_.commitTrans();
+        connection_.beginTrans();
+        pending_ = 0;
+    }
+
+    void finish() {
+        if (connection_.inTransaction())
+            connection_.commitTrans();
+    }
+
+private:
+    Connection& connection_;
+    int pending_ = 0;
+};
+
+// Field i goes to column i + 1: the key, column 0, is the engine's. An empty field leaves
+// its column alone, so a trailing ";" changes nothing even on a full line.
+void storeLine(Recordset& set, const QStringList& fields, qint64 lineNumber) {
+    set.addNew();
+    try {
+        for (int i = 0; i < fields.size(); ++i) {
+            if (fields[i].isEmpty())
+                continue;
+            if (i + 1 >= set.fieldCount())
+                throw Error(
+                    Error::ItemNotFound, QStringLiteral("clsXport"),
+                    QStringLiteral("Regel %1 heeft meer velden dan de tabel kolommen heeft.")
+                        .arg(lineNumber));
+            set.setValue(i + 1, fields[i]);
+        }
+        set.update();
+    } catch (...) {
+        set.cancelUpdate();
+        throw;
+    }
+}
+
+}  // namespace
+
+bool clsXport::Xport(const QString& table, const QString& extension, QString& folder,
+                     const QString& fileName) {
+    if (table == QLatin1String("onbekend"))
+        return false;
+    folder = withTrailingSlash(folder);
+    const QString path =
+        folder + (fileName.isEmpty() ? table : fileName) + QLatin1Char('.') + extension;
+    clsFileSys files;
+    if (files.FileExists(path)) {
+        const ui::Answer answer = ui::message(
+            QStringLiteral("Het bestand ") + path + QStringLiteral(" bestaat al. Verwijderen?"),
+            QStringLiteral("Bestand verwijderen"), ui::Icon::Question, ui::Buttons::YesNo,
+            ui::Answer::Yes);
+        if (answer != ui::Answer::Yes || !files.DeleteFile(path))
+            return false;
+    }
+    if (table == QLatin1String("FactArt"))
+        return exportInvoiceOverview(path);
+    const QString kind = extension.toLower();
+    if (kind != QLatin1String("csv") && kind != QLatin1String("zip"))
+        return false;
+    const bool exported = exportTable(table, path);
+    if (!exported)
+        files.DeleteFile(path);
+    return exported;
+}
+
+bool clsXport::exportTable(const QString& table, const QString& path) {
+    clsFileSys files;
+    files.setBestandsNaam(path);
+    try {
+        Connection& connection = sharedConnection();
+        const qint64 rows = rowCount(connection, table);
+        const auto set = connection.openReadSet(QStringLiteral("SELECT * FROM ") + table);
+        if (set->isEOF())
+            return false;
+        const auto progress =
+            ui::service().progress(QStringLiteral("Exporteren van ") + table, rows);
+        files.MaakRegel(headerLine(*set));
+        QString line;
+        for (qint64 done = 0; !set->isEOF(); set->moveNext()) {
+            appendRowLine(*set, line);
+            files.MaakRegel(line);
+            if (++done % kProgressStep == 0 && cancelled(*progress, done))
+                return false;
+        }
+        files.Sluiten();
+        return true;
+    } catch (const Error&) {
+        return false;
+    }
+}
+
+bool clsXport::exportInvoiceOverview(const QString& path) {
+    try {
+        const QString text = invoiceOverview() + QStringLiteral("\r\n");
+        QFile file(path);
+        if (!file.open(QIODevice::WriteOnly) || file.write(ansi::encode(text)) < 0 || !file.flush())
+            throw Error(75, QStringLiteral("clsXport"),
+                        QStringLiteral("Kan niet schrijven naar bestand %1 (%2)")
+                            .arg(path, file.errorString()));
+        return true;
+    } catch (const Error& error) {
+        QFile::remove(path);
+        reportOverviewError(error);
+        return false;
+    }
+}
+
+QString clsXport::BrowseForFolder(const QString& prompt) {
+    return ui::service().chooseFolder(prompt);
+}
+
+QString clsXport::GetSpecialfolder(int id) {
+    static const std::pair<int, QStandardPaths::StandardLocation> kFolders[] = {
+        {0x00, QStandardPaths::DesktopLocation},     {0x02, QStandardPaths::ApplicationsLocation},
+        {0x05, QStandardPaths::DocumentsLocation},   {0x0D, QStandardPaths::MusicLocation},
+        {0x0E, QStandardPaths::MoviesLocation},      {0x10, QStandardPaths::DesktopLocation},
+        {0x14, QStandardPaths::FontsLocation},       {0x1A, QStandardPaths::GenericConfigLocation},
+        {0x1C, QStandardPaths::GenericDataLocation}, {0x20, QStandardPaths::GenericCacheLocation},
+        {0x27, QStandardPaths::PicturesLocation},    {0x28, QStandardPaths::HomeLocation},
+    };
+    for (const auto& [csidl, location] : kFolders) {
+        if (csidl == id)
+            return QStandardPaths::writableLocation(location);
+    }
+    return QString();
+}
+
+bool clsXport::Mport(const QString& table, const QString& path) {
+    if (table.isEmpty() || !clsFileSys().FileExists(path))
+        return false;
+    Connection& connection = sharedConnection();
+    clsDatabase database;
+    const auto set = database.ExecuteQuery(QStringLiteral("SELECT * FROM ") + table +
+                                           QStringLiteral(" WHERE 1=2"));
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    const auto progress =
+        ui::service().progress(QStringLiteral("Importeren in ") + table, file.size());
+    AnsiLineReader reader(file);
+    ImportBatch batch(connection);
+    QString line;
+    for (qint64 lineNumber = 1; reader.readLine(line); ++lineNumber) {
+        const QStringList fields = line.split(kSeparator);
+        if (fields.size() >= 2) {
+            storeLine(*set, fields, lineNumber);
+            batch.lineStored();
+        }
+        if (lineNumber % kProgressStep == 0 && cancelled(*progress, reader.position()))
+            return false;
+    }
+    batch.finish();
+    set->close();
+    return true;
+}
