@@ -182,7 +182,11 @@ void MemorySet::takeNewKey(const QString& table, qint64 key) {
 
 void MemorySet::deleteCurrent() {
     requireUpdatable();
+    const bool unsaved = edit_ == Edit::Adding;
     cancelUpdate();
+    if (unsaved) {
+        return;  // the new row never reached the table
+    }
     Level::Row& row = currentRow();
     rows::remove(database(), columns(), row.values);
     row.deleted = true;

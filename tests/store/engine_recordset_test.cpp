@@ -63,6 +63,16 @@ TEST_F(RecordsetTest, UpdateAndDeleteTouchOnlyTheirRowByKey) {
     EXPECT_EQ(errorOf([&] { set->value(0); }), 3021);
 }
 
+TEST_F(RecordsetTest, DeletingAnUnsavedNewRowOnlyDropsIt) {
+    addCustomer(QStringLiteral("Aal"));
+    auto set = db.openUpdatableSet(QStringLiteral("SELECT * FROM Klant"));
+    set->addNew();
+    set->setValue(QStringLiteral("Naam"), QStringLiteral("Baars"));
+    set->deleteCurrent();
+    EXPECT_EQ(names(), QStringList{"Aal"});
+    EXPECT_EQ(set->value(QStringLiteral("Naam")), QVariant(QStringLiteral("Aal")));
+}
+
 TEST_F(RecordsetTest, WithoutTheKeyARowIsFoundByAllItsValues) {
     addCustomer(QStringLiteral("Aal"), QStringLiteral("Dijk 1"));
     addCustomer(QStringLiteral("Aal"), QStringLiteral("Dijk 2"));
