@@ -113,6 +113,11 @@ bool digitsAt(QStringView text, std::initializer_list<qsizetype> positions) {
     return true;
 }
 
+// Dates sort and compare as text in this form, and SQLite's date functions read it.
+QString dateTimeText(const QDateTime& value) {
+    return value.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+}
+
 }  // namespace
 
 DeclaredType declaredType(const char* declared, bool rowidKey) {
@@ -235,10 +240,6 @@ void bind(sqlite3_stmt* statement, int parameter, const QVariant& value, FieldTy
                                 int(text.size() * sizeof(char16_t)), SQLITE_TRANSIENT);
         }
     }
-}
-
-QString dateTimeText(const QDateTime& value) {
-    return value.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
 }
 
 QDateTime parseDateTime(QStringView text) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDateTime>
 #include <QHash>
 #include <QList>
 #include <QString>
@@ -29,7 +30,8 @@ QVariant read(sqlite3_stmt* statement, int column, FieldType type);
 // Binds a value already converted to the field's kind.
 void bind(sqlite3_stmt* statement, int parameter, const QVariant& value, FieldType type);
 
-QString dateTimeText(const QDateTime& value);
+// A date as the engine keeps it: "yyyy-MM-dd HH:mm:ss" (or "yyyy-MM-dd", or with a "T");
+// invalid when the text is no such date.
 QDateTime parseDateTime(QStringView text);
 
 // The fields of a result with the base column each comes from, and a lookup by name
