@@ -49,3 +49,6 @@ private:
     qint32 m_Voorraad = 0;
     qint32 m_artikelID = 0;
 };
+
+// Lists of records move them as plain memory when they grow.
+Q_DECLARE_TYPEINFO(clsObjArtikel, Q_RELOCATABLE_TYPE);

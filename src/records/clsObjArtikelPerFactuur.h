@@ -77,3 +77,6 @@ private:
     double m_Korting = 0;
     Currency m_KortingsBedrag;
 };
+
+// Lists of records move them as plain memory when they grow.
+Q_DECLARE_TYPEINFO(clsObjArtikelPerFactuur, Q_RELOCATABLE_TYPE);

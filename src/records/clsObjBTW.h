@@ -34,3 +34,6 @@ private:
     double m_BTW2 = 0;
     bool m_Zichtbaar = false;
 };
+
+// Lists of records move them as plain memory when they grow.
+Q_DECLARE_TYPEINFO(clsObjBTW, Q_RELOCATABLE_TYPE);

@@ -70,3 +70,6 @@ private:
     Currency m_TotaalPrijsExBTW;
     qint32 m_BTWId = 0;
 };
+
+// Lists of records move them as plain memory when they grow.
+Q_DECLARE_TYPEINFO(clsObjFactuur, Q_RELOCATABLE_TYPE);

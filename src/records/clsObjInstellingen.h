@@ -95,3 +95,6 @@ private:
     qint16 m_MargeFactuurBoven = 0;
     qint16 m_MargeFactuurOnder = 0;
 };
+
+// Lists of records move them as plain memory when they grow.
+Q_DECLARE_TYPEINFO(clsObjInstellingen, Q_RELOCATABLE_TYPE);

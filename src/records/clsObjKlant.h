@@ -68,3 +68,6 @@ private:
     QString m_Telefoon;
     bool m_Zichtbaar = false;
 };
+
+// Lists of records move them as plain memory when they grow.
+Q_DECLARE_TYPEINFO(clsObjKlant, Q_RELOCATABLE_TYPE);

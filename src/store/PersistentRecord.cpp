@@ -39,7 +39,9 @@ double number(const QVariant& value) {
 }  // namespace
 
 QDateTime zeroDate() {
-    return QDateTime(QDate(1899, 12, 30), QTime(0, 0));
+    // Made once: building a local date asks the system for its time zone.
+    static const QDateTime zero(QDate(1899, 12, 30), QTime(0, 0));
+    return zero;
 }
 
 QString toText(const QVariant& value, ReadRule rule) {
