@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QObject>
+#include <memory>
+
+#include "controllers/RegisterController.h"
+
+// The application controller: holds one list controller per register, made on first use
+// and forgotten when that register reports that its screen has closed, so a register is
+// open at most once.
+class clsControllerFactuur : public QObject {
+    Q_OBJECT
+
+public:
+    explicit clsControllerFactuur(RegisterCreator createRegister = createProgramRegister);
+    ~clsControllerFactuur() override;
+
+    void StartArtikelen();
+    void StartFacturen();
+    void StartInstellingen();
+    void StartKlanten();
+    void Afsluiten();
+    void StartHelp();
+    void StartWebsite();
+
+    // The list controller of a register while it is open; none otherwise.
+    RegisterController* openRegister(Register which) const;
+
+private Q_SLOTS:
+    void mobjArtikelEvent_SluitArtikel();
+    void mobjInstellingenEvent_SluitInstellingen();
+    void mobjKlantEvent_SluitKlant();
+    void mobjFactuurEvent_SluitFactuur();
+
+private:
+    using Slot = std::unique_ptr<RegisterController>;
+    using ClosingHandler = void (clsControllerFactuur::*)();
+
+    Slot& slotOf(Register which);
+    const Slot& slotOf(Register which) const;
+    void start(Register which, ClosingHandler onClosed);
+    void forget(Slot& slot);
+
+    RegisterCreator createRegister_;
+    Slot mobjArtikelEvent;
+    Slot mobjKlantEvent;
+    Slot mobjFactuurEvent;
+    Slot mobjInstellingenEvent;
+};
