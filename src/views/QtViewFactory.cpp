@@ -1,0 +1,3 @@
+#include "views/QtViewFactory.h"
+
+QtViewFactory::~QtViewFactory() = default;
