@@ -1,0 +1,27 @@
+#include <QApplication>
+#include <cstdlib>
+
+#include "base/UiService.h"
+#include "controllers/ViewFactory.h"
+#include "views/QtUiService.h"
+#include "views/QtViewFactory.h"
+#include "views/frmFactuur.h"
+
+int main(int argc, char* argv[]) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Lindebrug"));
+    installDutchTranslations(application);
+
+    QtUiService uiService;
+    ui::install(&uiService);
+    QtViewFactory views;
+    installViewFactory(&views);
+
+    frmFactuur window;
+    if (!window.startUp())
+        return EXIT_FAILURE;
+    // From here on every dialog belongs to the frame.
+    uiService.setWindow(&window);
+    window.showMaximized();
+    return QApplication::exec();
+}
