@@ -1,0 +1,11 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+
+// The screens are real widgets on the offscreen platform. Weak, like the other mains of
+// this shared test program: whichever the linker takes makes the one application object.
+__attribute__((weak)) int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
