@@ -51,15 +51,34 @@ void clsFileSys::setBestandsNaam(const QString& path) {
 }
 
 void clsFileSys::MaakRegel(const QString& line) {
-    if (!file_) {
-        file_ = std::make_unique<QFile>(bestandsNaam_);
-        if (bestandsNaam_.isEmpty() || !file_->open(QIODevice::WriteOnly | QIODevice::Append)) {
-            const Error failure = writeError();
-            file_.reset();
-            throw failure;
-        }
-    }
+    openForAppending();
     ansi::append(pending_, line);
+    endLine();
+}
+
+void clsFileSys::MaakRegel(const QStringList& fields, QChar separator) {
+    openForAppending();
+    const char separatorByte = ansi::encode(QStringView(&separator, 1)).front();
+    for (qsizetype i = 0; i < fields.size(); ++i) {
+        if (i > 0)
+            pending_.append(separatorByte);
+        ansi::append(pending_, fields[i]);
+    }
+    endLine();
+}
+
+void clsFileSys::openForAppending() {
+    if (file_)
+        return;
+    file_ = std::make_unique<QFile>(bestandsNaam_);
+    if (bestandsNaam_.isEmpty() || !file_->open(QIODevice::WriteOnly | QIODevice::Append)) {
+        const Error failure = writeError();
+        file_.reset();
+        throw failure;
+    }
+}
+
+void clsFileSys::endLine() {
     pending_.append("\r\n", 2);
     if (pending_.size() >= kWriteThreshold)
         writePending();

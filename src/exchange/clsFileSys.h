@@ -25,6 +25,9 @@ public:
 
     // Raises Error (75) when the file cannot be opened or written.
     void MaakRegel(const QString& line);
+    // The same line as MaakRegel(fields.join(separator)) without building it first: a
+    // long export spends its time here.
+    void MaakRegel(const QStringList& fields, QChar separator);
     bool FileExists(const QString& path) const;
     const QString& BestandsNaam() const { return bestandsNaam_; }
     void setBestandsNaam(const QString& path);
@@ -48,6 +51,8 @@ public:
     void Sluiten();
 
 private:
+    void openForAppending();
+    void endLine();
     void writePending();
     Error writeError() const;
 

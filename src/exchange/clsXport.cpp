@@ -31,6 +31,8 @@ QString valueText(const QVariant& value) {
     if (value.isNull())
         return QString();
     switch (value.typeId()) {
+        case QMetaType::QString:
+            return *static_cast<const QString*>(value.constData());
         case QMetaType::Bool:
             return value.toBool() ? QStringLiteral("True") : QStringLiteral("False");
         case QMetaType::Int:
@@ -50,23 +52,16 @@ QString valueText(const QVariant& value) {
     }
 }
 
-QString headerLine(const Recordset& set) {
-    QString line;
-    for (int i = 0; i < set.fieldCount(); ++i) {
-        if (i > 0)
-            line += kSeparator;
-        line += set.field(i).name;
-    }
-    return line;
+QStringList columnNames(const Recordset& set) {
+    QStringList names;
+    for (int i = 0; i < set.fieldCount(); ++i) names.append(set.field(i).name);
+    return names;
 }
 
-void appendRowLine(const Recordset& set, QString& line) {
-    line.clear();
-    for (int i = 0; i < set.fieldCount(); ++i) {
-        if (i > 0)
-            line += kSeparator;
-        line += valueText(set.value(i));
-    }
+// Fills fields with the row's texts, reusing the list's memory from row to row.
+void rowTexts(const Recordset& set, QStringList& fields) {
+    fields.resize(0);
+    for (int i = 0; i < set.fieldCount(); ++i) fields.append(valueText(set.value(i)));
 }
 
 Connection& sharedConnection() {
@@ -205,11 +200,12 @@ bool clsXport::exportTable(const QString& table, const QString& path) {
             return false;
         const auto progress =
             ui::service().progress(QStringLiteral("Exporteren van ") + table, rows);
-        files.MaakRegel(headerLine(*set));
-        QString line;
+        files.MaakRegel(columnNames(*set), kSeparator);
+        QStringList fields;
+        fields.reserve(set->fieldCount());
         for (qint64 done = 0; !set->isEOF(); set->moveNext()) {
-            appendRowLine(*set, line);
-            files.MaakRegel(line);
+            rowTexts(*set, fields);
+            files.MaakRegel(fields, kSeparator);
             if (++done % kProgressStep == 0 && cancelled(*progress, done))
                 return false;
         }
