@@ -3,7 +3,6 @@
 
 #include "ExchangeFixture.h"
 #include "controllers/DataExchangeController.h"
-#include "exchange/ExchangeRoutines.h"
 #include "exchange/clsXport.h"
 
 namespace {
@@ -123,15 +122,6 @@ TEST_F(ExportTest, TheZipExtensionWritesTheSameTextAndOthersNothing) {
     EXPECT_EQ(readBytes(work("klant.ZIP")), expectedFile("klant.csv"));
     EXPECT_FALSE(clsXport().Xport("klant", "txt", folder, QString()));
     EXPECT_FALSE(QFile::exists(work("klant.txt")));
-}
-
-TEST_F(ExportTest, ToolNamesMapToTheirFiles) {
-    const QList<QPair<QString, QString>> tools = {
-        {"tlExpKlanten", "klant"},       {"tlExpArtikelen", "artikel"},
-        {"tlExpTarieven", "tarief"},     {"tlExpArtikelfacturen", "FactArt"},
-        {"tlExpUurfacturen", "FactUur"}, {"tBackup", "onbekend"}};
-    for (const auto& [tool, baseName] : tools)
-        EXPECT_EQ(exchange::exportBaseName(tool), baseName) << tool.toStdString();
 }
 
 }  // namespace
