@@ -4,7 +4,6 @@
 
 #include "RecordingUiService.h"
 #include "TestDatabase.h"
-#include "base/Error.h"
 #include "records/clsObjArtikelPerFactuur.h"
 #include "records/clsObjBTW.h"
 #include "records/clsObjFactuur.h"
@@ -50,15 +49,6 @@ TEST(LineVat, IsTheLineTotalTimesThePercentageRoundedOnce) {
         << "0.00005 is a half and goes to the even neighbour";
     EXPECT_EQ(clsObjArtikelPerFactuur::vatAmount(money(0.0015), 10), money(0.0002));
     EXPECT_EQ(clsObjArtikelPerFactuur::vatAmount(money(50), 0), money(0));
-}
-
-TEST(LineVat, AnAmountTooLargeForMoneyOverflows) {
-    try {
-        clsObjArtikelPerFactuur::lineTotal(Currency::fromRaw(INT64_MAX / 2), 1000, 0);
-        ADD_FAILURE() << "no overflow";
-    } catch (const Error& error) {
-        EXPECT_EQ(error.number(), Error::Overflow);
-    }
 }
 
 struct ColumnCase {
@@ -280,11 +270,11 @@ TEST_F(InvoiceSave, AZeroRatedCustomerGetsNoVatOnNewLinesWhileOlderLinesKeepThei
     EXPECT_EQ(read.TotaalPrijs(), money(311));
 }
 
-TEST_F(InvoiceSave, OnlyZeroRatedLinesMakeBothTotalsEqual) {
+TEST_F(InvoiceSave, AZeroRatedCustomerPaysTheTotalExcludingVat) {
     invoice.setKlant(zeroRated);
     invoice.ArtikelenPerFactuur() = {line(1, 1.2345, 3, 10, 21), line(2, 7.5, 2, 0, 9)};
     invoice.OpslaanFactuur();
-    EXPECT_EQ(invoice.TotaalPrijs(), invoice.TotaalPrijsExBTW());
+    EXPECT_EQ(invoice.TotaalPrijs(), money(18.3332));
     EXPECT_EQ(invoice.TotaalPrijsExBTW(), money(18.3332));
 }
 

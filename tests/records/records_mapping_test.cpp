@@ -378,39 +378,6 @@ TEST_F(RecordMapping, HidingACustomerByItsKeyBlanksTheOtherColumns) {
     EXPECT_TRUE(clsObjKlant().Lijst("Zichtbaar = true").isEmpty());
 }
 
-TEST_F(RecordMapping, TheSelectTextsNameEachTableAndKey) {
-    const struct {
-        QString select, list, key;
-        const char *expectedSelect, *expectedList, *expectedKey;
-    } cases[] = {
-        {clsObjArtikel().GetSelectClause(), clsObjArtikel().GetSelectClauseWithFilter("x=1"),
-         clsObjArtikel().GetIDNaam(), "SELECT * FROM Artikel WHERE ArtikelID=0",
-         "SELECT * FROM Artikel WHERE x=1", "ArtikelID"},
-        {clsObjBTW().GetSelectClause(), clsObjBTW().GetSelectClauseWithFilter(""),
-         clsObjBTW().GetIDNaam(), "SELECT * FROM BTW WHERE BTWId=0", "SELECT * FROM BTW", "BTWId"},
-        {clsObjKlant().GetSelectClause(), clsObjKlant().GetSelectClauseWithFilter(""),
-         clsObjKlant().GetIDNaam(), "SELECT * FROM Klant WHERE KlantID=0", "SELECT * FROM Klant",
-         "KlantID"},
-        {clsObjFactuur().GetSelectClause(), clsObjFactuur().GetSelectClauseWithFilter(""),
-         clsObjFactuur().GetIDNaam(), "SELECT * FROM Factuur WHERE FactuurID=0",
-         "SELECT * FROM Factuur", "FactuurID"},
-        {clsObjArtikelPerFactuur().GetSelectClause(),
-         clsObjArtikelPerFactuur().GetSelectClauseWithFilter(""),
-         clsObjArtikelPerFactuur().GetIDNaam(),
-         "SELECT * FROM ArtikelPerFactuur WHERE FactuurArtikelID=0",
-         "SELECT * FROM ArtikelPerFactuur", "FactuurArtikelID"},
-        {clsObjInstellingen().GetSelectClause(), clsObjInstellingen().GetSelectClauseWithFilter(""),
-         clsObjInstellingen().GetIDNaam(), "SELECT * FROM Instellingen WHERE InstellingenId=0",
-         "SELECT * FROM Instellingen", "InstellingenId"},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.expectedKey);
-        EXPECT_EQ(c.select, c.expectedSelect);
-        EXPECT_EQ(c.list, c.expectedList);
-        EXPECT_EQ(c.key, c.expectedKey);
-    }
-}
-
 TEST(VatPercentage, ComesFromTheClassOfTheRate) {
     clsObjBTW rates = btw();
     const std::pair<qint16, double> cases[] = {{1, 21}, {2, 9.5}, {0, 0}, {3, 0}, {-1, 0}};
