@@ -23,9 +23,6 @@
 //   static const persist::Columns<Derived>& readColumns();   // in the order they are read
 namespace persist {
 
-// What a column holds in the record; it follows from the type of the field it fills.
-enum class Kind { String, Long, Integer, Boolean, Double, Single, Currency, Date };
-
 // Every column reads Null as its kind's empty value (0, "", False, the zero date), except
 // where a record has always read it differently.
 enum class ReadRule {
@@ -53,7 +50,8 @@ int requiredFieldIndex(const Recordset& set, const QString& name);
 template <class R>
 class Column {
 public:
-    // The alternatives are in the order of Kind.
+    // The kind of a column follows from the field it fills: String, Long, Integer, Boolean,
+    // Double, Single, Currency or Date.
     using Member = std::variant<QString R::*, qint32 R::*, qint16 R::*, bool R::*, double R::*,
                                 float R::*, Currency R::*, QDateTime R::*>;
 
@@ -61,7 +59,6 @@ public:
         : name_(QString::fromLatin1(name)), member_(member), rule_(rule) {}
 
     const QString& name() const { return name_; }
-    Kind kind() const { return static_cast<Kind>(member_.index()); }
 
     void read(R& record, const QVariant& value) const {
         std::visit([&](auto member) { record.*member = convert(value, &(record.*member)); },
