@@ -114,7 +114,9 @@ public:
         try {
             finish();
         } catch (const Error&) {
-            // The error that made us leave is already on its way to the user.
+            // The error that made us leave is already on its way to the user; what the
+            // engine could not commit must not stay open under the next operation.
+            rollBack();
         }
     }
     ImportBatch(const ImportBatch&) = delete;
@@ -134,6 +136,15 @@ public:
     }
 
 private:
+    void rollBack() noexcept {
+        try {
+            if (connection_.inTransaction())
+                connection_.rollbackTrans();
+        } catch (const Error&) {
+            // Nothing more to undo with.
+        }
+    }
+
     Connection& connection_;
     int pending_ = 0;
 };
