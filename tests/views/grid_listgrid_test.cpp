@@ -1,0 +1,128 @@
+#include <QHeaderView>
+
+#include "grid_fixture.h"
+
+namespace {
+
+QList<int> ids(const QList<int>& rows) {
+    QList<int> result;
+    for (int row : rows) result.append(1000 + row);
+    return result;
+}
+
+QList<int> rowsSelectedInView(const ListGrid& grid) {
+    QList<int> rows;
+    for (const QModelIndex& index : grid.selectionModel()->selectedRows())
+        rows.append(index.row() + 1);
+    std::sort(rows.begin(), rows.end());
+    return rows;
+}
+
+TEST_F(GridTest, RowZeroIsTheHeaderAndCellsComeFromTabs) {
+    fill({"1001\tJansen\tAmsterdam\tover", "1002\tde Vries"});
+    EXPECT_EQ(grid.rows(), 3);
+    EXPECT_EQ(grid.textMatrix(0, 1), "Naam");
+    EXPECT_EQ(grid.rowText(1), "1001\tJansen\tAmsterdam");  // a cell beyond the columns is dropped
+    EXPECT_EQ(grid.rowText(2), "1002\tde Vries\t");
+    EXPECT_EQ(grid.model()->data(grid.model()->index(1, 1)).toString(), "de Vries");
+}
+
+struct SelectionCase {
+    const char* name;
+    int dataRows, current, selectionEnd;
+    QList<int> expected;
+};
+class GridSelectionRule : public GridTest, public ::testing::WithParamInterface<SelectionCase> {};
+
+TEST_P(GridSelectionRule, RowsFromCurrentToSelectionEndLowestFirst) {
+    const SelectionCase& c = GetParam();
+    fill(customers.mid(0, c.dataRows));
+    grid.setCurrentRow(c.current);
+    grid.setSelectionEndRow(c.selectionEnd);
+    EXPECT_EQ(grid.selectedRows(), c.expected);
+    EXPECT_EQ(grid.selectedRowData(), ids(c.expected));
+    EXPECT_EQ(rowsSelectedInView(grid), c.expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, GridSelectionRule,
+                         ::testing::Values(SelectionCase{"Down", 5, 2, 4, {2, 3, 4}},
+                                           SelectionCase{"Up", 5, 4, 2, {2, 3, 4}},
+                                           SelectionCase{"OneRow", 5, 3, 3, {3}},
+                                           SelectionCase{"CurrentIsHeader", 5, 0, 3, {}},
+                                           SelectionCase{"OnlyHeaderRow", 0, 1, 1, {}}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+struct MouseCase {
+    const char* name;
+    bool drag;  // otherwise a click and a shift-click
+    int from, to;
+};
+class GridMouse : public GridTest, public ::testing::WithParamInterface<MouseCase> {};
+
+TEST_P(GridMouse, UpwardAndDownwardSelectTheSameRows) {
+    const MouseCase& c = GetParam();
+    fill(customers);
+    mouse(QEvent::MouseButtonPress, c.from);
+    if (c.drag) {
+        mouse(QEvent::MouseMove, c.to);
+    } else {
+        mouse(QEvent::MouseButtonRelease, c.from);
+        mouse(QEvent::MouseButtonPress, c.to, Qt::ShiftModifier);
+    }
+    mouse(QEvent::MouseButtonRelease, c.to);
+
+    EXPECT_EQ(grid.currentRow(), c.from);
+    EXPECT_EQ(grid.selectionEndRow(), c.to);
+    EXPECT_EQ(grid.selectedRowData(), ids({2, 3, 4}));
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, GridMouse,
+                         ::testing::Values(MouseCase{"DragDown", true, 2, 4},
+                                           MouseCase{"DragUp", true, 4, 2},
+                                           MouseCase{"ShiftClickDown", false, 2, 4},
+                                           MouseCase{"ShiftClickUp", false, 4, 2}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(GridTest, SortedRowsKeepTheirRowDataAndTheCurrentRecord) {
+    fill(customers);
+    grid.setCurrentRow(3);  // Bakker
+    for (auto [col, order, names] :
+         {std::tuple{1, Qt::AscendingOrder, "Bakker de Vries Jansen Janssen Visser"},
+          std::tuple{1, Qt::DescendingOrder, "Visser Janssen Jansen de Vries Bakker"},
+          std::tuple{2, Qt::AscendingOrder, "Jansen Bakker Visser Janssen de Vries"}}) {
+        SCOPED_TRACE(names);
+        grid.sortRows(col, order);
+        QStringList sorted;
+        for (int row = 1; row < grid.rows(); ++row) {
+            sorted.append(grid.textMatrix(row, 1));
+            EXPECT_EQ(customers.indexOf(grid.rowText(row)) + 1, grid.rowData(row) - 1000);
+        }
+        EXPECT_EQ(sorted.join(' '), names);
+        EXPECT_EQ(grid.textMatrix(grid.currentRow(), 1), "Bakker");
+    }
+}
+
+TEST_F(GridTest, WhatIsSetWithRedrawOffReachesTheViewAndSurvivesARefill) {
+    fill(customers);
+    grid.setColWidth(1, 170);
+    grid.horizontalHeader()->resizeSection(2, 90);  // as a user dragging the border
+
+    grid.setRedraw(false);
+    grid.clear();
+    grid.setRows(1);
+    EXPECT_EQ(grid.currentRow(), 0);
+    for (int i = 1; i <= 300; ++i) grid.addRow(QStringLiteral("%1\tRij %1").arg(i));
+    grid.setCurrentRow(120);
+    grid.setTopRow(120);
+    EXPECT_EQ(grid.topRow(), 120);
+    grid.setRedraw(true);
+
+    EXPECT_EQ(grid.model()->rowCount(), 300);
+    EXPECT_EQ(grid.topRow(), 120);
+    EXPECT_EQ(grid.rowAt(0), 119);
+    EXPECT_EQ(rowsSelectedInView(grid), QList<int>{120});
+    EXPECT_EQ(grid.columnWidth(1), 170);
+    EXPECT_EQ(grid.columnWidth(2), 90);
+}
+
+}  // namespace
