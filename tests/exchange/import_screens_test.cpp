@@ -56,12 +56,3 @@ TEST(frmHelpImport, ShowsTheTextAndKeepsItAsGiven) {
 }
 
 }  // namespace
-
-int main(int argc, char** argv) {
-    // Listing the tests at build time happens without a display too.
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    ::testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
-}
