@@ -8,6 +8,7 @@
 #include "store/MemorySet.h"
 #include "store/ReadSet.h"
 #include "store/SchemaChange.h"
+#include "store/Session.h"
 #include "store/Shape.h"
 
 namespace {
@@ -49,7 +50,7 @@ Connection::Connection() = default;
 Connection::~Connection() = default;
 
 void Connection::open(const QString& connectionString, const QString&, const QString&) {
-    if (db_) {
+    if (session_) {
         throw engine::error(3705, QStringLiteral("De verbinding met de database is al geopend."));
     }
     const QString path = databasePathFromConnectionString(connectionString);
@@ -63,7 +64,7 @@ void Connection::open(const QString& connectionString, const QString&, const QSt
     }
     sqlite3* raw = nullptr;
     const int rc = sqlite3_open_v2(path.toUtf8().constData(), &raw, SQLITE_OPEN_READWRITE, nullptr);
-    std::shared_ptr<sqlite3> db(raw, sqlite3_close_v2);
+    auto session = std::make_shared<engine::Session>(raw);
     try {
         if (rc != SQLITE_OK) {
             engine::fail(raw, rc);
@@ -74,21 +75,22 @@ void Connection::open(const QString& connectionString, const QString&, const QSt
                     QStringLiteral("Het bestand '%1' kan niet als database worden geopend: %2")
                         .arg(path, error.description()));
     }
-    db_ = std::move(db);
+    session_ = std::move(session);
     transactionDepth_ = 0;
 }
 
 void Connection::close() {
-    db_.reset();
+    session_.reset();
     transactionDepth_ = 0;
 }
 
 Connection::State Connection::state() const {
-    return db_ ? Open : Closed;
+    return session_ ? Open : Closed;
 }
 
 QString Connection::filePath() const {
-    return db_ ? QString::fromUtf8(sqlite3_db_filename(db_.get(), "main")) : QString();
+    sqlite3* db = handle();
+    return db ? QString::fromUtf8(sqlite3_db_filename(db, "main")) : QString();
 }
 
 qint64 Connection::execute(const QString& sql) {
@@ -108,7 +110,7 @@ std::unique_ptr<Recordset> Connection::openReadSet(const QString& sql) {
     sqlite3* db = requireOpen();
     if (shape::isShape(sql)) {
         return std::make_unique<Recordset>(
-            MemorySet::allRows(shape::build(db, shape::parse(sql)), db_, false));
+            MemorySet::allRows(shape::build(db, shape::parse(sql)), session_, false));
     }
     return std::make_unique<Recordset>(ReadSet::start(engine::prepare(db, sql)));
 }
@@ -117,7 +119,7 @@ std::unique_ptr<Recordset> Connection::openUpdatableSet(const QString& sql) {
     sqlite3* db = requireOpen();
     std::shared_ptr<Level> level =
         shape::isShape(sql) ? shape::build(db, shape::parse(sql)) : Level::load(db, sql);
-    return std::make_unique<Recordset>(MemorySet::allRows(std::move(level), db_, true));
+    return std::make_unique<Recordset>(MemorySet::allRows(std::move(level), session_, true));
 }
 
 void Connection::beginTrans() {
@@ -160,17 +162,21 @@ void Connection::rollbackTrans() {
 }
 
 bool Connection::inTransaction() const {
-    return db_ && sqlite3_get_autocommit(db_.get()) == 0;
+    return session_ && sqlite3_get_autocommit(session_->db()) == 0;
 }
 
 qint64 Connection::lastInsertId() const {
-    return db_ ? sqlite3_last_insert_rowid(db_.get()) : 0;
+    return session_ ? sqlite3_last_insert_rowid(session_->db()) : 0;
+}
+
+sqlite3* Connection::handle() const {
+    return session_ ? session_->db() : nullptr;
 }
 
 sqlite3* Connection::requireOpen() const {
-    if (!db_) {
+    if (!session_) {
         throw engine::error(3704, QStringLiteral("De bewerking is niet toegestaan: de "
                                                  "verbinding met de database is gesloten."));
     }
-    return db_.get();
+    return session_->db();
 }

@@ -6,6 +6,9 @@
 #include "store/Recordset.h"
 
 struct sqlite3;
+namespace engine {
+class Session;
+}
 
 // A connection to one database file, speaking the program's Jet dialect of SQL on
 // SQLite. Opened from either connection string the program uses:
@@ -46,7 +49,7 @@ public:
     // The key the engine gave the last inserted row.
     qint64 lastInsertId() const;
 
-    sqlite3* handle() const { return db_.get(); }
+    sqlite3* handle() const;
 
 private:
     sqlite3* requireOpen() const;
@@ -54,7 +57,7 @@ private:
     QString provider_;
     // Shared with the updatable sets, which write through it while the connection is open
     // and refuse to once it is closed.
-    std::shared_ptr<sqlite3> db_;
+    std::shared_ptr<engine::Session> session_;
     int transactionDepth_ = 0;
 };
 

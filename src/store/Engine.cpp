@@ -76,13 +76,13 @@ Statement& Statement::operator=(Statement&& other) noexcept {
     return *this;
 }
 
-bool Statement::step() {
-    const int rc = sqlite3_step(statement_);
+bool step(sqlite3_stmt* statement) {
+    const int rc = sqlite3_step(statement);
     if (rc == SQLITE_ROW) {
         return true;
     }
     if (rc != SQLITE_DONE) {
-        fail(sqlite3_db_handle(statement_), rc);
+        fail(sqlite3_db_handle(statement), rc);
     }
     return false;
 }

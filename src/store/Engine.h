@@ -23,6 +23,10 @@ Error textAfterStatement();
 Error itemNotFound(const QString& name);
 Error notUpdatable();
 
+// Runs a prepared statement one step: true when a row is ready, false when it has run to
+// its end; SQLite's failure raised as an Error.
+bool step(sqlite3_stmt* statement);
+
 class Statement {
 public:
     Statement() = default;
@@ -36,8 +40,7 @@ public:
     sqlite3_stmt* get() const { return statement_; }
     explicit operator bool() const { return statement_ != nullptr; }
 
-    // True when a row is ready, false when the statement has run to its end.
-    bool step();
+    bool step() { return engine::step(statement_); }
     void finalize();
 
 private:

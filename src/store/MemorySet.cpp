@@ -1,11 +1,9 @@
 #include "store/MemorySet.h"
 
-#include <sqlite3.h>
-
 #include "base/Currency.h"
 #include "store/Engine.h"
 #include "store/FieldConversion.h"
-#include "store/RowWriter.h"
+#include "store/Session.h"
 
 namespace {
 
@@ -65,19 +63,25 @@ std::optional<QString> Level::relationKey(const QList<QVariant>& values,
     return key;
 }
 
-MemorySet::MemorySet(std::shared_ptr<Level> level, QList<int> rows, std::weak_ptr<sqlite3> db,
-                     bool updatable)
-    : Impl(level->columns), level_(std::move(level)), db_(std::move(db)), updatable_(updatable) {
+MemorySet::MemorySet(std::shared_ptr<Level> level, QList<int> rows,
+                     std::weak_ptr<engine::Session> session, bool updatable)
+    : Impl(level->columns),
+      level_(std::move(level)),
+      session_(std::move(session)),
+      updatable_(updatable),
+      writer_(columns()) {
     show(std::move(rows));
 }
 
 std::unique_ptr<MemorySet> MemorySet::allRows(std::shared_ptr<Level> level,
-                                              std::weak_ptr<sqlite3> db, bool updatable) {
+                                              std::weak_ptr<engine::Session> session,
+                                              bool updatable) {
     QList<int> rows(level->rows.size());
     for (int i = 0; i < rows.size(); ++i) {
         rows[i] = i;
     }
-    return std::make_unique<MemorySet>(std::move(level), std::move(rows), std::move(db), updatable);
+    return std::make_unique<MemorySet>(std::move(level), std::move(rows), std::move(session),
+                                       updatable);
 }
 
 void MemorySet::show(QList<int> rows) {
@@ -156,7 +160,7 @@ void MemorySet::setValue(int index, const QVariant& value) {
 
 void MemorySet::update() {
     if (edit_ == Edit::Adding) {
-        const rows::Inserted inserted = rows::insert(database(), columns(), buffer_, changed_);
+        const rows::Inserted inserted = writer_.insert(*session(), buffer_, changed_);
         takeNewKey(inserted.table, inserted.key);
         level_->rows.append(Level::Row{buffer_});
         view_.append(int(level_->rows.size() - 1));
@@ -164,7 +168,7 @@ void MemorySet::update() {
         ++liveRows_;
     } else if (edit_ == Edit::Editing) {
         Level::Row& row = currentRow();
-        rows::update(database(), columns(), row.values, buffer_, changed_);
+        writer_.update(*session(), row.values, buffer_, changed_);
         row.values = buffer_;
     }
     edit_ = Edit::None;
@@ -188,7 +192,7 @@ void MemorySet::deleteCurrent() {
         return;  // the new row never reached the table
     }
     Level::Row& row = currentRow();
-    rows::remove(database(), columns(), row.values);
+    writer_.remove(*session(), row.values);
     row.deleted = true;
     --liveRows_;
 }
@@ -210,7 +214,7 @@ Recordset& MemorySet::child(const QString& name) {
         const QList<int> related = key ? relation.groups.value(*key) : QList<int>();
         auto found = children_.find(i);
         if (found == children_.end()) {
-            auto rows = std::make_unique<MemorySet>(relation.child, related, db_, updatable_);
+            auto rows = std::make_unique<MemorySet>(relation.child, related, session_, updatable_);
             MemorySet* view = rows.get();
             found = children_.emplace(i, Child{std::make_unique<Recordset>(std::move(rows)), view})
                         .first;
@@ -249,11 +253,11 @@ Level::Row& MemorySet::currentRow() const {
     return level_->rows[view_[position_]];
 }
 
-sqlite3* MemorySet::database() const {
-    const std::shared_ptr<sqlite3> db = db_.lock();
-    if (!db) {
+std::shared_ptr<engine::Session> MemorySet::session() const {
+    std::shared_ptr<engine::Session> session = session_.lock();
+    if (!session) {
         throw engine::error(3704, QStringLiteral("De bewerking is niet toegestaan: de "
                                                  "verbinding met de database is gesloten."));
     }
-    return db.get();
+    return session;
 }

@@ -6,8 +6,12 @@
 #include <optional>
 
 #include "store/RecordsetImpl.h"
+#include "store/RowWriter.h"
 
 struct sqlite3;
+namespace engine {
+class Session;
+}
 
 // The rows of one query held in memory, with the child levels of a SHAPE command related
 // to them. Shared by a set and the child views made from it.
@@ -40,10 +44,11 @@ struct Level {
 // shows the rows related to the current row of its parent.
 class MemorySet : public Recordset::Impl {
 public:
-    MemorySet(std::shared_ptr<Level> level, QList<int> rows, std::weak_ptr<sqlite3> db,
+    MemorySet(std::shared_ptr<Level> level, QList<int> rows, std::weak_ptr<engine::Session> session,
               bool updatable);
     static std::unique_ptr<MemorySet> allRows(std::shared_ptr<Level> level,
-                                              std::weak_ptr<sqlite3> db, bool updatable);
+                                              std::weak_ptr<engine::Session> session,
+                                              bool updatable);
 
     bool isEOF() const override;
     bool isBOF() const override { return recordCount() == 0 && edit_ != Edit::Adding; }
@@ -71,15 +76,16 @@ private:
     void finishEdit();
     void requireUpdatable() const;
     Level::Row& currentRow() const;
-    sqlite3* database() const;
+    std::shared_ptr<engine::Session> session() const;
     void takeNewKey(const QString& table, qint64 key);
 
     std::shared_ptr<Level> level_;
     QList<int> view_;
     qsizetype position_ = 0;
     qsizetype liveRows_ = 0;
-    std::weak_ptr<sqlite3> db_;
+    std::weak_ptr<engine::Session> session_;
     bool updatable_;
+    rows::Writer writer_;
 
     Edit edit_ = Edit::None;
     QList<QVariant> buffer_;

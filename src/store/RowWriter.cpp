@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include "store/Engine.h"
+#include "store/Session.h"
 #include "store/SqlLexer.h"
 
 namespace rows {
@@ -69,7 +70,7 @@ void bindAll(sqlite3_stmt* statement, int first, const columns::Columns& columns
     }
 }
 
-void runChanging(sqlite3* db, engine::Statement& statement) {
+void runChanging(sqlite3* db, engine::Session::Use& statement) {
     statement.step();
     if (sqlite3_changes(db) == 0) {
         throw engine::error(3197, QStringLiteral("Het record is niet meer gevonden: het is "
@@ -80,61 +81,88 @@ void runChanging(sqlite3* db, engine::Statement& statement) {
 
 }  // namespace
 
-Inserted insert(sqlite3* db, const columns::Columns& columns, const QList<QVariant>& values,
-                const QList<bool>& assigned) {
-    const QString table = baseTable(columns, assigned);
-    QList<int> written;
-    QStringList names;
-    for (int i : fieldsOf(columns, table)) {
-        if (assigned[i]) {
-            written.append(i);
-            names.append(sql::quotedName(columns.origin(i)));
-        }
-    }
-    QString text = QStringLiteral("INSERT INTO ") + sql::quotedName(table);
-    if (written.isEmpty()) {
-        text += QStringLiteral(" DEFAULT VALUES");
-    } else {
-        text += QStringLiteral(" (") + names.join(u',') + QStringLiteral(") VALUES (") +
-                QStringList(names.size(), QStringLiteral("?")).join(u',') + u')';
-    }
-    engine::Statement statement = engine::prepareNative(db, text);
-    bindAll(statement.get(), 1, columns, written, values);
+Inserted Writer::insert(engine::Session& session, const QList<QVariant>& values,
+                        const QList<bool>& assigned) {
+    const Plan& plan = insertPlan(assigned);
+    engine::Session::Use statement = session.statement(plan.sql);
+    bindAll(statement.get(), 1, columns_, plan.written, values);
     statement.step();
-    return Inserted{table, sqlite3_last_insert_rowid(db)};
+    return Inserted{plan.table, sqlite3_last_insert_rowid(session.db())};
 }
 
-void update(sqlite3* db, const columns::Columns& columns, const QList<QVariant>& original,
-            const QList<QVariant>& values, const QList<bool>& changed) {
+void Writer::update(engine::Session& session, const QList<QVariant>& original,
+                    const QList<QVariant>& values, const QList<bool>& changed) {
     if (!changed.contains(true)) {
         return;
     }
-    const QString table = baseTable(columns, changed);
-    QList<int> written;
-    QStringList assignments;
-    for (int i = 0; i < columns.size(); ++i) {
-        if (changed[i]) {
-            written.append(i);
-            assignments.append(sql::quotedName(columns.origin(i)) + QStringLiteral("=?"));
-        }
-    }
-    const QList<int> locating = locatingFields(columns, table);
-    engine::Statement statement = engine::prepareNative(
-        db, QStringLiteral("UPDATE ") + sql::quotedName(table) + QStringLiteral(" SET ") +
-                assignments.join(u',') + whereClause(columns, locating));
-    bindAll(statement.get(), 1, columns, written, values);
-    bindAll(statement.get(), int(written.size()) + 1, columns, locating, original);
-    runChanging(db, statement);
+    const Plan& plan = updatePlan(changed);
+    engine::Session::Use statement = session.statement(plan.sql);
+    bindAll(statement.get(), 1, columns_, plan.written, values);
+    bindAll(statement.get(), int(plan.written.size()) + 1, columns_, plan.locating, original);
+    runChanging(session.db(), statement);
 }
 
-void remove(sqlite3* db, const columns::Columns& columns, const QList<QVariant>& original) {
-    const QString table = baseTable(columns, QList<bool>(columns.size(), false));
-    const QList<int> locating = locatingFields(columns, table);
-    engine::Statement statement =
-        engine::prepareNative(db, QStringLiteral("DELETE FROM ") + sql::quotedName(table) +
-                                      whereClause(columns, locating));
-    bindAll(statement.get(), 1, columns, locating, original);
-    runChanging(db, statement);
+void Writer::remove(engine::Session& session, const QList<QVariant>& original) {
+    const Plan& plan = removePlan();
+    engine::Session::Use statement = session.statement(plan.sql);
+    bindAll(statement.get(), 1, columns_, plan.locating, original);
+    runChanging(session.db(), statement);
+}
+
+const Writer::Plan& Writer::insertPlan(const QList<bool>& assigned) {
+    const auto found = inserts_.constFind(assigned);
+    if (found != inserts_.constEnd()) {
+        return *found;
+    }
+    Plan plan;
+    plan.table = baseTable(columns_, assigned);
+    QStringList names;
+    for (int i : fieldsOf(columns_, plan.table)) {
+        if (assigned[i]) {
+            plan.written.append(i);
+            names.append(sql::quotedName(columns_.origin(i)));
+        }
+    }
+    plan.sql = QStringLiteral("INSERT INTO ") + sql::quotedName(plan.table);
+    if (plan.written.isEmpty()) {
+        plan.sql += QStringLiteral(" DEFAULT VALUES");
+    } else {
+        plan.sql += QStringLiteral(" (") + names.join(u',') + QStringLiteral(") VALUES (") +
+                    QStringList(names.size(), QStringLiteral("?")).join(u',') + u')';
+    }
+    return *inserts_.insert(assigned, std::move(plan));
+}
+
+const Writer::Plan& Writer::updatePlan(const QList<bool>& changed) {
+    const auto found = updates_.constFind(changed);
+    if (found != updates_.constEnd()) {
+        return *found;
+    }
+    Plan plan;
+    plan.table = baseTable(columns_, changed);
+    QStringList assignments;
+    for (int i = 0; i < columns_.size(); ++i) {
+        if (changed[i]) {
+            plan.written.append(i);
+            assignments.append(sql::quotedName(columns_.origin(i)) + QStringLiteral("=?"));
+        }
+    }
+    plan.locating = locatingFields(columns_, plan.table);
+    plan.sql = QStringLiteral("UPDATE ") + sql::quotedName(plan.table) + QStringLiteral(" SET ") +
+               assignments.join(u',') + whereClause(columns_, plan.locating);
+    return *updates_.insert(changed, std::move(plan));
+}
+
+const Writer::Plan& Writer::removePlan() {
+    if (!remove_) {
+        Plan plan;
+        plan.table = baseTable(columns_, QList<bool>(columns_.size(), false));
+        plan.locating = locatingFields(columns_, plan.table);
+        plan.sql = QStringLiteral("DELETE FROM ") + sql::quotedName(plan.table) +
+                   whereClause(columns_, plan.locating);
+        remove_ = std::move(plan);
+    }
+    return *remove_;
 }
 
 }  // namespace rows
