@@ -3,9 +3,12 @@
 #include <sqlite3.h>
 
 #include <QDateTime>
+#include <QStringEncoder>
 #include <cctype>
 #include <cmath>
+#include <cstdlib>
 #include <limits>
+#include <new>
 
 #include "base/Currency.h"
 
@@ -111,6 +114,21 @@ bool digitsAt(QStringView text, std::initializer_list<qsizetype> positions) {
         }
     }
     return true;
+}
+
+// The text as UTF-8 in a buffer SQLite takes over: encoded once, never copied again (UTF-16
+// handed over is copied, then translated into a second buffer).
+void bindText(sqlite3_stmt* statement, int parameter, QStringView text) {
+    QStringEncoder encoder(QStringEncoder::Utf8, QStringConverter::Flag::Stateless);
+    // One byte more, so that even the empty text has a buffer and stays a text, not Null.
+    // Plain malloc: SQLite's own allocator takes a lock and keeps count on every call.
+    auto* buffer = static_cast<char*>(std::malloc(encoder.requiredSpace(text.size()) + 1));
+    if (buffer == nullptr) {
+        throw std::bad_alloc();
+    }
+    const char* end = encoder.appendToBuffer(buffer, text);
+    sqlite3_bind_text64(statement, parameter, buffer, sqlite3_uint64(end - buffer), std::free,
+                        SQLITE_UTF8);
 }
 
 // Dates sort and compare as text in this form, and SQLite's date functions read it.
@@ -225,8 +243,7 @@ void bind(sqlite3_stmt* statement, int parameter, const QVariant& value, FieldTy
             sqlite3_bind_double(statement, parameter, value.toDouble());
             return;
         case QMetaType::QDateTime:
-            sqlite3_bind_text16(statement, parameter, dateTimeText(value.toDateTime()).utf16(), -1,
-                                SQLITE_TRANSIENT);
+            bindText(statement, parameter, dateTimeText(value.toDateTime()));
             return;
         case QMetaType::QByteArray: {
             const QByteArray data = value.toByteArray();
@@ -234,11 +251,11 @@ void bind(sqlite3_stmt* statement, int parameter, const QVariant& value, FieldTy
                               SQLITE_TRANSIENT);
             return;
         }
-        default: {
-            const QString text = value.toString();
-            sqlite3_bind_text16(statement, parameter, text.utf16(),
-                                int(text.size() * sizeof(char16_t)), SQLITE_TRANSIENT);
-        }
+        case QMetaType::QString:
+            bindText(statement, parameter, *static_cast<const QString*>(value.constData()));
+            return;
+        default:
+            bindText(statement, parameter, value.toString());
     }
 }
 

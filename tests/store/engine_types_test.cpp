@@ -95,6 +95,8 @@ INSTANTIATE_TEST_SUITE_P(
                   QVariant(QStringLiteral("0123"))},
         RoundTrip{"MEMO", FieldType::Text, QVariant(QStringLiteral("0123")),
                   QVariant(QStringLiteral("0123"))},
+        RoundTrip{"MEMO", FieldType::Text, QVariant(QStringLiteral("Dé Korf € 😀 ß")),
+                  QVariant(QStringLiteral("Dé Korf € 😀 ß"))},
         RoundTrip{"CURRENCY", FieldType::Currency, QVariant(), QVariant()}));
 
 TEST_F(TypedColumn, MoneyIsStoredExactlyAsTenThousandths) {
