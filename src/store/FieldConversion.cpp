@@ -58,10 +58,12 @@ std::optional<double> numberOf(const QVariant& value) {
         case QMetaType::Float:
             return value.toDouble();
         case QMetaType::QString:
-            if (conv::isNumeric(value.toString())) {
-                return conv::toDouble(value.toString());
+            // Read once: asking first whether it is a number reads the text twice.
+            try {
+                return conv::toDouble(*static_cast<const QString*>(value.constData()));
+            } catch (const Error&) {
+                return std::nullopt;
             }
-            return std::nullopt;
         default:
             if (isCurrency(value)) {
                 return value.value<Currency>().toDouble();

@@ -148,13 +148,13 @@ void MemorySet::setValue(int index, const QVariant& value) {
                                                  "is geen kolom van een tabel.")
                                       .arg(field.name));
     }
-    const QVariant converted = fields::convert(value, field);
+    QVariant converted = fields::convert(value, field);
     if (edit_ == Edit::None) {
         buffer_ = currentRow().values;
         changed_ = QList<bool>(columns().size(), false);
         edit_ = Edit::Editing;
     }
-    buffer_[index] = converted;
+    buffer_[index] = std::move(converted);
     changed_[index] = true;
 }
 
