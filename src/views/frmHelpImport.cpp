@@ -4,6 +4,7 @@
 
 #include "ui_frmHelpImport.h"
 #include "views/QtViewFactory.h"
+#include "views/frmFactuur.h"
 
 frmHelpImport::frmHelpImport(QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::frmHelpImport>()) {
@@ -26,5 +27,5 @@ void frmHelpImport::showModal() {
 }
 
 std::unique_ptr<IHelpImportView> QtViewFactory::createHelpImport() {
-    return std::make_unique<frmHelpImport>();
+    return std::make_unique<frmHelpImport>(frmFactuur::frame());
 }

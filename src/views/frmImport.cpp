@@ -4,6 +4,7 @@
 
 #include "ui_frmImport.h"
 #include "views/QtViewFactory.h"
+#include "views/frmFactuur.h"
 
 frmImport::frmImport(QWidget* parent) : QDialog(parent), ui_(std::make_unique<Ui::frmImport>()) {
     ui_->setupUi(this);
@@ -51,5 +52,5 @@ void frmImport::close() {
 }
 
 std::unique_ptr<IImportView> QtViewFactory::createImport() {
-    return std::make_unique<frmImport>();
+    return std::make_unique<frmImport>(frmFactuur::frame());
 }
