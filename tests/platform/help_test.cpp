@@ -7,7 +7,6 @@
 #include <QFileInfo>
 #include <QLibraryInfo>
 #include <QTemporaryDir>
-#include <Qt>
 
 #include "RecordingUiService.h"
 #include "TempProgramFolder.h"
@@ -17,174 +16,120 @@
 
 namespace {
 
-class FakeProcessList : public ProcessList {
-public:
-    explicit FakeProcessList(QStringList names) : names_(std::move(names)) {}
-    QStringList names() const override { return names_; }
-
-private:
-    QStringList names_;
+struct FakeProcessList : ProcessList {
+    QStringList running;
+    QStringList names() const override { return running; }
 };
 
-void touch(const QString& path) {
+void write(const QString& path, const QByteArray& content = {}) {
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(content);
 }
 
-struct Installed {
-    bool helpFile;
-    bool collection;
-};
+class HelpTest : public ::testing::Test {
+protected:
+    void show(const QString& page) { clsHelp(processes).ToonHelpPagina(page); }
 
-class HelpFiles : public ::testing::TestWithParam<Installed> {};
-
-TEST_P(HelpFiles, AManualWithoutBothFilesIsReportedMissing) {
     TempProgramFolder folder;
     RecordingUiService ui;
-    if (GetParam().helpFile) {
-        touch(folder.file(QStringLiteral("Lindebrug.qch")));
-    }
-    if (GetParam().collection) {
-        touch(folder.file(QStringLiteral("Lindebrug.qhc")));
-    }
-    const FakeProcessList none({});
+    FakeProcessList processes;
+};
 
-    clsHelp(none).ToonHelpPagina(QStringLiteral("klanten.htm"));
+TEST_F(HelpTest, AManualWithoutBothFilesIsReportedMissing) {
+    show("klanten.htm");
+    write(folder.file("Lindebrug.qch"));
+    show("klanten.htm");
+    QFile::rename(folder.file("Lindebrug.qch"), folder.file("Lindebrug.qhc"));
+    show("klanten.htm");
 
-    ASSERT_EQ(ui.messages.size(), 1);
-    EXPECT_EQ(ui.lastMessage().text, QStringLiteral("Helpbestand niet gevonden"));
-    EXPECT_EQ(ui.lastMessage().icon, ui::Icon::Information);
+    ASSERT_EQ(ui.messages.size(), 3);
+    for (const ui::Message& shown : ui.messages) {
+        EXPECT_EQ(shown.text, "Helpbestand niet gevonden");
+        EXPECT_EQ(shown.icon, ui::Icon::Information);
+    }
     EXPECT_TRUE(ui.startedPrograms.isEmpty());
 }
 
-INSTANTIATE_TEST_SUITE_P(Missing, HelpFiles,
-                         ::testing::Values(Installed{false, false}, Installed{true, false},
-                                           Installed{false, true}));
-
-class InstalledManual : public ::testing::Test {
-protected:
-    void SetUp() override {
-        touch(folder.file(QStringLiteral("Lindebrug.qch")));
-        touch(folder.file(QStringLiteral("Lindebrug.qhc")));
+TEST_F(HelpTest, StartsTheViewerOnThePageUnlessOneRuns) {
+    write(folder.file("Lindebrug.qch"));
+    write(folder.file("Lindebrug.qhc"));
+    for (const char* viewer : {"assistant", "ASSISTANT", "Assistant"}) {
+        processes.running = {"systemd", viewer, "bash"};
+        show("Introductie.htm");
     }
-    TempProgramFolder folder;
-    RecordingUiService ui;
-};
-
-TEST_F(InstalledManual, StartsTheViewerOnThePage) {
-    const FakeProcessList others({QStringLiteral("systemd"), QStringLiteral("bash"),
-                                  QStringLiteral("assistant-qt5"), QStringLiteral("xassistant")});
-
-    clsHelp(others).ToonHelpPagina(QStringLiteral("artikelen.htm"));
+    processes.running = {"systemd", "assistant-qt5", "xassistant"};
+    show("artikelen.htm");
 
     EXPECT_TRUE(ui.messages.isEmpty());
-    const QStringList expected{
-        QLibraryInfo::path(QLibraryInfo::BinariesPath) + QStringLiteral("/assistant"),
-        QStringLiteral("-collectionFile"),
-        QDir(folder.path()).filePath(QStringLiteral("Lindebrug.qhc")), QStringLiteral("-showUrl"),
-        QStringLiteral("qthelp://" LINDEBRUG_HELP_NAMESPACE "/doc/artikelen.htm")};
+    const QStringList expected{QLibraryInfo::path(QLibraryInfo::BinariesPath) + "/assistant",
+                               "-collectionFile", QDir(folder.path()).filePath("Lindebrug.qhc"),
+                               "-showUrl",
+                               "qthelp://" LINDEBRUG_HELP_NAMESPACE "/doc/artikelen.htm"};
     EXPECT_EQ(ui.startedPrograms, QList<QStringList>{expected});
 }
 
-TEST_F(InstalledManual, ARunningViewerInAnyCaseBlocksTheStart) {
-    for (const char* viewer : {"assistant", "ASSISTANT", "Assistant"}) {
-        SCOPED_TRACE(viewer);
-        const FakeProcessList running(
-            {QStringLiteral("systemd"), QString::fromLatin1(viewer), QStringLiteral("bash")});
-
-        clsHelp(running).ToonHelpPagina(QStringLiteral("Introductie.htm"));
-
-        EXPECT_TRUE(ui.startedPrograms.isEmpty());
-        EXPECT_TRUE(ui.messages.isEmpty());
+TEST_F(HelpTest, OnlyF1OpensTheManual) {
+    for (const auto& [key, help] :
+         {std::pair{int(Qt::Key_F1), true}, {HelpKey::ClassicF1, true}, {int(Qt::Key_F2), false}}) {
+        ui.messages.clear();
+        EXPECT_EQ(HelpKey::showPageOnHelpKey(key, HelpPage::Klanten), help) << key;
+        EXPECT_EQ(ui.messages.size(), help ? 1 : 0);  // the program folder has no manual
     }
 }
 
 TEST(ProcProcessList, ReadsTheNameOfEveryNumberedEntry) {
     QTemporaryDir proc;
-    const auto process = [&](const QString& id, const QByteArray& comm) {
+    for (const auto& [id, comm] : {std::pair{"1", QByteArray("systemd\n")},
+                                   {"4711", "assistant\n"},
+                                   {"815", QByteArray("bash\0rest\n", 10)},
+                                   {"self", "no process\n"}}) {
         QDir(proc.path()).mkdir(id);
-        QFile file(proc.filePath(id + QStringLiteral("/comm")));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(comm);
-    };
-    process(QStringLiteral("1"), "systemd\n");
-    process(QStringLiteral("4711"), "assistant\n");
-    process(QStringLiteral("815"), QByteArray("bash\0rest\n", 10));
-    process(QStringLiteral("self"), "not a process\n");
-    QDir(proc.path()).mkdir(QStringLiteral("99"));  // ended before its name could be read
+        write(proc.filePath(id + QString("/comm")), comm);
+    }
+    QDir(proc.path()).mkdir("99");  // ended before its name could be read
 
     QStringList names = ProcProcessList(proc.path()).names();
     names.sort();
 
-    EXPECT_EQ(names, (QStringList{QStringLiteral("assistant"), QStringLiteral("bash"),
-                                  QStringLiteral("systemd")}));
-}
-
-TEST(ProcProcessList, FindsThisVeryProcess) {
+    EXPECT_EQ(names, QStringList({"assistant", "bash", "systemd"}));
     // The kernel keeps the first 15 characters of a program's name.
-    const QString self = QFileInfo(QCoreApplication::applicationFilePath()).fileName().left(15);
-
-    EXPECT_TRUE(ProcProcessList().names().contains(self));
+    EXPECT_TRUE(ProcProcessList().names().contains(
+        QFileInfo(QCoreApplication::applicationFilePath()).fileName().left(15)));
 }
 
-TEST(HelpKey, OnlyF1OpensTheManual) {
-    struct Case {
-        int key;
-        bool help;
-    };
-    for (const Case& c : {Case{Qt::Key_F1, true}, Case{112, true}, Case{Qt::Key_F2, false},
-                          Case{Qt::Key_P, false}, Case{Qt::Key_Help, false}}) {
-        SCOPED_TRACE(c.key);
-        TempProgramFolder emptyFolder;
-        RecordingUiService ui;
-
-        EXPECT_EQ(HelpKey::isHelpKey(c.key), c.help);
-        EXPECT_EQ(HelpKey::showPageOnHelpKey(c.key, QString::fromLatin1(HelpPage::Klanten)),
-                  c.help);
-        EXPECT_EQ(ui.messages.size(), c.help ? 1 : 0);
-    }
+QStringList column(const QString& database, const char* query) {
+    QStringList values;
+    sqlite3* db = nullptr;
+    sqlite3_open_v2(database.toUtf8().constData(), &db, SQLITE_OPEN_READONLY, nullptr);
+    sqlite3_exec(
+        db, query,
+        [](void* out, int, char** row, char**) {
+            static_cast<QStringList*>(out)->append(row[0]);
+            return 0;
+        },
+        &values, nullptr);
+    sqlite3_close(db);
+    return values;
 }
 
-// The compiled manual in the program folder must hold every page the screens ask for, under
-// the namespace the launcher puts in its addresses, and its collection must find it.
-class BuiltManual : public ::testing::Test {
-protected:
-    static QStringList column(const QString& database, const char* query) {
-        sqlite3* db = nullptr;
-        QStringList values;
-        if (sqlite3_open_v2(database.toUtf8().constData(), &db, SQLITE_OPEN_READONLY, nullptr) ==
-            SQLITE_OK) {
-            sqlite3_stmt* statement = nullptr;
-            if (sqlite3_prepare_v2(db, query, -1, &statement, nullptr) == SQLITE_OK) {
-                while (sqlite3_step(statement) == SQLITE_ROW) {
-                    values.append(QString::fromUtf8(
-                        reinterpret_cast<const char*>(sqlite3_column_text(statement, 0))));
-                }
-            }
-            sqlite3_finalize(statement);
-        }
-        sqlite3_close(db);
-        return values;
-    }
-};
-
-TEST_F(BuiltManual, HoldsEveryPageTheProgramOpens) {
+// The manual built into the program folder holds every page the screens ask for, under the
+// namespace the launcher puts in its addresses, and its collection finds it.
+TEST(BuiltManual, HoldsEveryPageTheProgramOpens) {
 #ifndef LINDEBRUG_MANUAL_DIR
     GTEST_SKIP() << "the manual is not built on this machine";
 #else
-    const QString qch = QStringLiteral(LINDEBRUG_MANUAL_DIR "/Lindebrug.qch");
-    const QString qhc = QStringLiteral(LINDEBRUG_MANUAL_DIR "/Lindebrug.qhc");
-
+    const QString qch = LINDEBRUG_MANUAL_DIR "/Lindebrug.qch";
     EXPECT_EQ(column(qch, "SELECT Name FROM NamespaceTable"),
-              QStringList{QStringLiteral(LINDEBRUG_HELP_NAMESPACE)});
+              QStringList{LINDEBRUG_HELP_NAMESPACE});
     const QStringList files = column(qch, "SELECT Name FROM FileNameTable");
     for (const char* page :
          {HelpPage::Introductie, HelpPage::Artikelen, HelpPage::Klanten, HelpPage::Instellingen}) {
-        SCOPED_TRACE(page);
-        EXPECT_TRUE(files.contains(QString::fromLatin1(page)));
+        EXPECT_TRUE(files.contains(page)) << page;
     }
-    EXPECT_EQ(column(qhc, "SELECT Name || ' ' || FilePath FROM NamespaceTable"),
-              QStringList{QStringLiteral(LINDEBRUG_HELP_NAMESPACE " Lindebrug.qch")});
+    EXPECT_EQ(column(LINDEBRUG_MANUAL_DIR "/Lindebrug.qhc",
+                     "SELECT Name || ' ' || FilePath FROM NamespaceTable"),
+              QStringList{LINDEBRUG_HELP_NAMESPACE " Lindebrug.qch"});
 #endif
 }
 
