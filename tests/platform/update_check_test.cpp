@@ -116,41 +116,30 @@ struct FakeFetcher : PageFetcher {
 };
 
 TEST(UpdateCheck, TheProgramAsksTheVendorsVersionFileAboutItsOwnVersion) {
-    const QString own = modGlobal::ownVersion();
-    ASSERT_EQ(own, LINDEBRUG_EXPECTED_VERSION);
-    const QString nextMajor = QString::number(own.section('.', 0, 0).toInt() + 1) + ".0.0";
+    ASSERT_EQ(modGlobal::ownVersion(), LINDEBRUG_EXPECTED_VERSION);
     FakeFetcher fake;
     modGlobal::installPageFetcher(&fake);
-    for (const auto& [published, update] : {std::pair{own, false}, {nextMajor, true}}) {
-        fake.page = "NIEUWSTEVERSIE=" + published + "###";
-        EXPECT_EQ(modGlobal::UpdateBeschikbaar(), update) << published.toStdString();
-    }
+    fake.page = "NIEUWSTEVERSIE=" LINDEBRUG_EXPECTED_VERSION "###";
+    EXPECT_FALSE(modGlobal::UpdateBeschikbaar());
+    fake.page = "NIEUWSTEVERSIE=999.0.0###";
+    EXPECT_TRUE(modGlobal::UpdateBeschikbaar());
     modGlobal::installPageFetcher(nullptr);
     const QString address = LINDEBRUG_VENDOR_SITE "/Lindebrug/version.inc";
     EXPECT_EQ(fake.addresses, QStringList({address, address}));
 }
 
-// "https://" goes in front unless the address starts with "http" in any case; without a
-// browser the user is told the address.
+// Only "http" in any case counts as a scheme. Without a browser the user is told the address.
 TEST(OpenAddress, AddsTheSchemeAndFallsBackOnAMessage) {
-    struct Case {
-        const char *address, *opened;
-        bool browser;
-    };
-    for (const auto& [address, opened, browser] : {Case{"x.nl/a", "https://x.nl/a", true},
-                                                   {"HTTPS://x.nl", "HTTPS://x.nl", true},
-                                                   {"http://x.nl", "http://x.nl", false},
-                                                   {"ftp://x.nl", "https://ftp://x.nl", true}}) {
-        RecordingUiService ui;
-        ui.openAddressSucceeds = browser;
+    RecordingUiService ui;
+    ui.openAddressSucceeds = false;
+    for (const char* address : {"x.nl/a", "HTTPS://x.nl", "Http://x.nl", "ftp://x.nl"}) {
         modGlobal::openAddress(address);
-        EXPECT_EQ(ui.openedAddresses, QStringList{opened});
-        ASSERT_EQ(ui.messages.size(), browser ? 0 : 1);
-        for (const ui::Message& shown : ui.messages) {
-            EXPECT_TRUE(shown.text.contains(QString("\n") + opened + "\n"));
-            EXPECT_EQ(shown.icon, ui::Icon::Information);
-        }
     }
+    EXPECT_EQ(ui.openedAddresses,
+              QStringList({"https://x.nl/a", "HTTPS://x.nl", "Http://x.nl", "https://ftp://x.nl"}));
+    ASSERT_EQ(ui.messages.size(), 4);
+    EXPECT_TRUE(ui.messages[0].text.contains("\nhttps://x.nl/a\n"));
+    EXPECT_EQ(ui.messages[0].icon, ui::Icon::Information);
 }
 
 }  // namespace
