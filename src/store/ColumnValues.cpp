@@ -164,7 +164,7 @@ DeclaredType declaredType(const char* declared, bool rowidKey) {
     return result;
 }
 
-QVariant read(sqlite3_stmt* statement, int column, FieldType type) {
+QVariant Reader::read(sqlite3_stmt* statement, int column, FieldType type) {
     const int storage = sqlite3_column_type(statement, column);
     if (storage == SQLITE_NULL) {
         return QVariant();
@@ -208,7 +208,7 @@ QVariant read(sqlite3_stmt* statement, int column, FieldType type) {
             break;
         case FieldType::DateTime:
             if (storage == SQLITE_TEXT) {
-                const QDateTime value = parseDateTime(textOf(statement, column));
+                const QDateTime value = dateTime(statement, column);
                 if (value.isValid()) {
                     return QVariant(value);
                 }
@@ -218,6 +218,23 @@ QVariant read(sqlite3_stmt* statement, int column, FieldType type) {
             break;
     }
     return plain(statement, column, storage);
+}
+
+QDateTime Reader::dateTime(sqlite3_stmt* statement, int column) {
+    // Enough for every day of decades of invoices; texts with times of day may not all fit.
+    constexpr std::size_t kKnownDates = 20000;
+    const std::string_view text(
+        reinterpret_cast<const char*>(sqlite3_column_text(statement, column)),
+        std::size_t(sqlite3_column_bytes(statement, column)));
+    const auto known = dates_.find(text);
+    if (known != dates_.end()) {
+        return known->second;
+    }
+    QDateTime value = parseDateTime(QString::fromUtf8(text.data(), qsizetype(text.size())));
+    if (dates_.size() < kKnownDates) {
+        dates_.emplace(text, value);
+    }
+    return value;
 }
 
 void bind(sqlite3_stmt* statement, int parameter, const QVariant& value, FieldType type) {

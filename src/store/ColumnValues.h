@@ -6,6 +6,9 @@
 #include <QString>
 #include <QStringList>
 #include <QVariant>
+#include <string>
+#include <string_view>
+#include <unordered_map>
 
 #include "store/Field.h"
 
@@ -24,9 +27,27 @@ struct DeclaredType {
 // The kind of a column from its declared (Jet) type; a rowid key is a 32-bit Long.
 DeclaredType declaredType(const char* declared, bool rowidKey);
 
-// The value of a column of the current row, as the field's kind; Null as an invalid
-// QVariant. An expression (Variant) is typed from the value itself.
-QVariant read(sqlite3_stmt* statement, int column, FieldType type);
+// Reads the values of the rows of a statement, each as its field's kind; Null as an
+// invalid QVariant. An expression (Variant) is typed from the value itself.
+class Reader {
+public:
+    QVariant read(sqlite3_stmt* statement, int column, FieldType type);
+
+private:
+    QDateTime dateTime(sqlite3_stmt* statement, int column);
+
+    struct TextHash {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view text) const {
+            return std::hash<std::string_view>()(text);
+        }
+    };
+
+    // Each distinct date text is worked out once: making a local date and time has the C
+    // library look at the time-zone file again, which cost more than the rest of a row.
+    std::unordered_map<std::string, QDateTime, TextHash, std::equal_to<>> dates_;
+};
+
 // Binds a value already converted to the field's kind.
 void bind(sqlite3_stmt* statement, int parameter, const QVariant& value, FieldType type);
 

@@ -40,11 +40,12 @@ std::shared_ptr<Level> Level::load(sqlite3* db, const QString& jetSql) {
     bool onRow = statement.step();
     level->columns = columns::Columns::of(statement.get());
     const QList<Field>& fields = level->columns.fields();
+    columns::Reader reader;
     for (; onRow; onRow = statement.step()) {
         Row row;
         row.values.reserve(fields.size());
         for (int i = 0; i < fields.size(); ++i) {
-            row.values.append(columns::read(statement.get(), i, fields[i].type));
+            row.values.append(reader.read(statement.get(), i, fields[i].type));
         }
         level->rows.append(std::move(row));
     }

@@ -29,7 +29,7 @@ QVariant ReadSet::value(int index) const {
     if (!onRow_) {
         throw engine::noCurrentRecord();
     }
-    return columns::read(statement_.get(), index, columns().fields()[index].type);
+    return reader_.read(statement_.get(), index, columns().fields()[index].type);
 }
 
 void ReadSet::close() {

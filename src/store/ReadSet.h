@@ -24,6 +24,7 @@ private:
     void release();
 
     engine::Statement statement_;
+    mutable columns::Reader reader_;
     bool onRow_ = false;
     bool empty_ = false;
 };

@@ -176,6 +176,35 @@ TEST_F(TypedColumn, TextUpToItsLengthFits) {
     EXPECT_EQ(row()->field(1).size, 5);
 }
 
+TEST_F(TypedColumn, EveryRowReadsItsOwnDateAlsoWhereTextsRepeat) {
+    createWith("DATETIME");
+    db.execute(QStringLiteral("DELETE FROM T"));
+    // Stored texts in row order, and what each row reads back as.
+    const QList<std::pair<const char*, QVariant>> rows{
+        {"2024-03-05T00:00:00", when(2024, 3, 5)},
+        {"2024-03-05T00:00:00", when(2024, 3, 5)},
+        {"2024-03-05 14:30:00", when(2024, 3, 5, 14, 30)},
+        {"2024-03-05", when(2024, 3, 5)},
+        {"2024-03-06T00:00:00", when(2024, 3, 6)},
+        {"geen datum", QVariant(QStringLiteral("geen datum"))},
+        {"2024-03-05T00:00:00", when(2024, 3, 5)},
+        {"geen datum", QVariant(QStringLiteral("geen datum"))},
+    };
+    for (const auto& [text, expected] : rows) {
+        db.execute(QStringLiteral("INSERT INTO T (Waarde) VALUES ('%1')").arg(text));
+    }
+    auto readSet = db.openReadSet(QStringLiteral("SELECT Waarde FROM T ORDER BY Id"));
+    auto updatable = db.openUpdatableSet(QStringLiteral("SELECT Waarde FROM T ORDER BY Id"));
+    for (const auto& [text, expected] : rows) {
+        SCOPED_TRACE(text);
+        ASSERT_FALSE(readSet->isEOF());
+        EXPECT_EQ(readSet->value(0), expected);
+        EXPECT_EQ(updatable->value(0), expected);
+        readSet->moveNext();
+        updatable->moveNext();
+    }
+}
+
 TEST_F(EngineTest, ExpressionsAreTypedFromTheirValue) {
     db.execute(
         QStringLiteral("CREATE TABLE Factuur (FactuurID AUTOINCREMENT, Nummer LONG, "
