@@ -43,6 +43,36 @@ bool isText(const QVariant& value) {
     return value.typeId() == QMetaType::QString;
 }
 
+// A whole number in plain digits, the text an import gives most numbers as. It reads the
+// same under every regional notation, so it is read without the locale's parser.
+std::optional<double> plainDigits(QStringView text) {
+    constexpr qsizetype kExactDigits = 15;  // every whole number of 15 digits is a double
+    if (text.isEmpty() || text.size() > kExactDigits) {
+        return std::nullopt;
+    }
+    double number = 0;
+    for (const QChar c : text) {
+        if (c < u'0' || c > u'9') {
+            return std::nullopt;
+        }
+        number = number * 10 + (c.unicode() - u'0');
+    }
+    return number;
+}
+
+// The number of a text in the regional notation; none when it is no number.
+std::optional<double> numberOfText(const QString& text) {
+    if (const std::optional<double> plain = plainDigits(text)) {
+        return plain;
+    }
+    // Read once: asking first whether it is a number reads the text twice.
+    try {
+        return conv::toDouble(text);
+    } catch (const Error&) {
+        return std::nullopt;
+    }
+}
+
 // The number a value stands for; none for texts that are no number, dates and the like.
 std::optional<double> numberOf(const QVariant& value) {
     switch (value.typeId()) {
@@ -58,12 +88,7 @@ std::optional<double> numberOf(const QVariant& value) {
         case QMetaType::Float:
             return value.toDouble();
         case QMetaType::QString:
-            // Read once: asking first whether it is a number reads the text twice.
-            try {
-                return conv::toDouble(*static_cast<const QString*>(value.constData()));
-            } catch (const Error&) {
-                return std::nullopt;
-            }
+            return numberOfText(*static_cast<const QString*>(value.constData()));
         default:
             if (isCurrency(value)) {
                 return value.value<Currency>().toDouble();
