@@ -63,8 +63,8 @@ void Connection::open(const QString& connectionString, const QString&, const QSt
                             QStringLiteral("Kan het databasebestand '%1' niet vinden.").arg(path));
     }
     sqlite3* raw = nullptr;
-    // A connection is used from one thread only: without SQLite's lock around every call,
-    // reading a value costs half as much.
+    // A connection is used from one thread only: SQLite need not take its lock around every
+    // call, which for a list is a lock and an unlock for each value read.
     const int rc = sqlite3_open_v2(path.toUtf8().constData(), &raw,
                                    SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
     auto session = std::make_shared<engine::Session>(raw);
