@@ -27,8 +27,11 @@ TEST_F(GridTest, RowZeroIsTheHeaderAndCellsComeFromTabs) {
     EXPECT_EQ(grid.model()->data(grid.model()->index(1, 1)).toString(), "de Vries");
 }
 
+// Set through the grid's properties, or by a user dragging or shift-clicking.
+enum class Way { Set, Drag, ShiftClick };
 struct SelectionCase {
     const char* name;
+    Way way;
     int dataRows, current, selectionEnd;
     QList<int> expected;
 };
@@ -37,51 +40,38 @@ class GridSelectionRule : public GridTest, public ::testing::WithParamInterface<
 TEST_P(GridSelectionRule, RowsFromCurrentToSelectionEndLowestFirst) {
     const SelectionCase& c = GetParam();
     fill(customers.mid(0, c.dataRows));
-    grid.setCurrentRow(c.current);
-    grid.setSelectionEndRow(c.selectionEnd);
+    if (c.way == Way::Set) {
+        grid.setCurrentRow(c.current);
+        grid.setSelectionEndRow(c.selectionEnd);
+    } else {
+        mouse(QEvent::MouseButtonPress, c.current);
+        if (c.way == Way::Drag) {
+            mouse(QEvent::MouseMove, c.selectionEnd);
+        } else {
+            mouse(QEvent::MouseButtonRelease, c.current);
+            mouse(QEvent::MouseButtonPress, c.selectionEnd, Qt::ShiftModifier);
+        }
+        mouse(QEvent::MouseButtonRelease, c.selectionEnd);
+        EXPECT_EQ(grid.currentRow(), c.current);
+        EXPECT_EQ(grid.selectionEndRow(), c.selectionEnd);
+    }
     EXPECT_EQ(grid.selectedRows(), c.expected);
     EXPECT_EQ(grid.selectedRowData(), ids(c.expected));
     EXPECT_EQ(rowsSelectedInView(grid), c.expected);
 }
 
-INSTANTIATE_TEST_SUITE_P(Cases, GridSelectionRule,
-                         ::testing::Values(SelectionCase{"Down", 5, 2, 4, {2, 3, 4}},
-                                           SelectionCase{"Up", 5, 4, 2, {2, 3, 4}},
-                                           SelectionCase{"OneRow", 5, 3, 3, {3}},
-                                           SelectionCase{"CurrentIsHeader", 5, 0, 3, {}},
-                                           SelectionCase{"OnlyHeaderRow", 0, 1, 1, {}}),
-                         [](const auto& info) { return std::string(info.param.name); });
-
-struct MouseCase {
-    const char* name;
-    bool drag;  // otherwise a click and a shift-click
-    int from, to;
-};
-class GridMouse : public GridTest, public ::testing::WithParamInterface<MouseCase> {};
-
-TEST_P(GridMouse, UpwardAndDownwardSelectTheSameRows) {
-    const MouseCase& c = GetParam();
-    fill(customers);
-    mouse(QEvent::MouseButtonPress, c.from);
-    if (c.drag) {
-        mouse(QEvent::MouseMove, c.to);
-    } else {
-        mouse(QEvent::MouseButtonRelease, c.from);
-        mouse(QEvent::MouseButtonPress, c.to, Qt::ShiftModifier);
-    }
-    mouse(QEvent::MouseButtonRelease, c.to);
-
-    EXPECT_EQ(grid.currentRow(), c.from);
-    EXPECT_EQ(grid.selectionEndRow(), c.to);
-    EXPECT_EQ(grid.selectedRowData(), ids({2, 3, 4}));
-}
-
-INSTANTIATE_TEST_SUITE_P(Cases, GridMouse,
-                         ::testing::Values(MouseCase{"DragDown", true, 2, 4},
-                                           MouseCase{"DragUp", true, 4, 2},
-                                           MouseCase{"ShiftClickDown", false, 2, 4},
-                                           MouseCase{"ShiftClickUp", false, 4, 2}),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(
+    Cases, GridSelectionRule,
+    ::testing::Values(SelectionCase{"Down", Way::Set, 5, 2, 4, {2, 3, 4}},
+                      SelectionCase{"Up", Way::Set, 5, 4, 2, {2, 3, 4}},
+                      SelectionCase{"OneRow", Way::Set, 5, 3, 3, {3}},
+                      SelectionCase{"CurrentIsHeader", Way::Set, 5, 0, 3, {}},
+                      SelectionCase{"OnlyHeaderRow", Way::Set, 0, 1, 1, {}},
+                      SelectionCase{"DragDown", Way::Drag, 5, 2, 4, {2, 3, 4}},
+                      SelectionCase{"DragUp", Way::Drag, 5, 4, 2, {2, 3, 4}},
+                      SelectionCase{"ShiftClickDown", Way::ShiftClick, 5, 2, 4, {2, 3, 4}},
+                      SelectionCase{"ShiftClickUp", Way::ShiftClick, 5, 4, 2, {2, 3, 4}}),
+    [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(GridTest, SortedRowsKeepTheirRowDataAndTheCurrentRecord) {
     fill(customers);

@@ -2,15 +2,15 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
-#include <QMenuBar>
-#include <QMouseEvent>
+#include <QTest>
 #include <QTimer>
+#include <functional>
 
 #include "RecordingUiService.h"
 #include "TestDatabase.h"
+#include "grid_qstring.h"
 #include "views/QtViewFactory.h"
 #include "views/frmAbout.h"
 #include "views/frmFactuur.h"
@@ -20,60 +20,35 @@ namespace {
 
 const ShellServices Offline{createProgramRegister, [] { return false; }};
 
-struct Tool {
-    const char* band;
-    const char* name;
-    const char* caption;
-    const char* opens = "";  // the band the tool opens
-};
-
-void PrintTo(const Tool& tool, std::ostream* out) {
-    *out << tool.name;
-}
-
-class MenuLayoutTest : public testing::TestWithParam<Tool> {
-protected:
+// Every band's tools in order, each as objectName, caption and, after ">", the band it opens.
+TEST(MainWindowTest, EveryBandHoldsItsToolsInOrder) {
     frmFactuur window{Offline};
-};
+    const auto band = [&](const char* name) {
+        QStringList tools{name};
+        if (const auto* band = window.findChild<QWidget*>(name)) {
+            for (const QAction* tool : band->actions())
+                tools << tool->objectName() + " " + tool->text() +
+                             (tool->menu() ? ">" + tool->menu()->objectName() : QString());
+        }
+        return tools.join(" | ");
+    };
 
-TEST_P(MenuLayoutTest, EveryToolSitsInItsBandWithItsCaption) {
-    auto* tool = window.findChild<QAction*>(GetParam().name);
-    auto* band = window.findChild<QWidget*>(GetParam().band);
-    ASSERT_TRUE(tool && band);
-    EXPECT_TRUE(band->actions().contains(tool));
-    EXPECT_EQ(tool->text(), GetParam().caption);
-    EXPECT_EQ(tool->menu() ? tool->menu()->objectName() : QString(), GetParam().opens);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Menu, MenuLayoutTest,
-    testing::Values(
-        Tool{"bndMenu", "tlAfsluiten", "A&fsluiten"},
-        Tool{"bndMenu", "tlArtikelen", "A&rtikelen/Uren"}, Tool{"bndMenu", "tlKlanten", "&Klanten"},
-        Tool{"bndMenu", "tlFacturen", "&Factureren", "bndFactureren"},
-        Tool{"bndMenu", "tlInstellingen", "I&nstellingen"},
-        Tool{"bndMenu", "tOverige", "&Overige functies", "bndOverig"},
-        Tool{"bndMenu", "tHelp", "&Help", "bndHelp"}, Tool{"bndMenu", "tUpdate", ""},
-        Tool{"bndSchermen", "tlSchermen", "&Schermen"},
-        Tool{"bndFactureren", "tlFacturerenArtikelen", "&Factureren"},
-        Tool{"bndOverig", "tBackupOnderM", "Backup", "bndBackup"},
-        Tool{"bndOverig", "tExportOnderM", "Export", "bndExport"},
-        Tool{"bndOverig", "tImportOnderM", "Import"}, Tool{"bndOverig", "tEtiket", "Etiketten"},
-        Tool{"bndBackup", "tBackup", "Backup"}, Tool{"bndBackup", "tRestore", "Restore"},
-        Tool{"bndExport", "tlExpKlanten", "Klanten naar tekstbestand"},
-        Tool{"bndExport", "tlExpArtikelen", "Artikelen naar tekstbestand"},
-        Tool{"bndExport", "tlExpArtikelfacturen", "Facturen naar tekstbestand"},
-        Tool{"bndImport", "tImportArtikelen", "Import Artikelen/uren"},
-        Tool{"bndImport", "tImportKlant", "Import klanten"}, Tool{"bndHelp", "tlHelp", "Handboek"},
-        Tool{"bndHelp", "tAbout", "Over..."}),
-    [](const auto& info) { return std::string(info.param.name); });
-
-TEST(MainWindowTest, TheMainBarHoldsItsToolsInOrder) {
-    frmFactuur window{Offline};
-    QStringList names;
-    for (const QAction* action : window.menuBar()->actions()) names << action->objectName();
-    EXPECT_EQ(names, QStringList({"tlAfsluiten", "tlArtikelen", "tlKlanten", "tlFacturen",
-                                  "tlInstellingen", "tOverige", "tHelp", "tUpdate"}));
+    EXPECT_EQ(band("bndMenu"),
+              "bndMenu | tlAfsluiten A&fsluiten | tlArtikelen A&rtikelen/Uren | tlKlanten &Klanten"
+              " | tlFacturen &Factureren>bndFactureren | tlInstellingen I&nstellingen"
+              " | tOverige &Overige functies>bndOverig | tHelp &Help>bndHelp | tUpdate ");
+    EXPECT_EQ(band("bndFactureren"), "bndFactureren | tlFacturerenArtikelen &Factureren");
+    EXPECT_EQ(band("bndOverig"),
+              "bndOverig | tBackupOnderM Backup>bndBackup | tExportOnderM Export>bndExport"
+              " | tImportOnderM Import | tEtiket Etiketten");
+    EXPECT_EQ(band("bndBackup"), "bndBackup | tBackup Backup | tRestore Restore");
+    EXPECT_EQ(band("bndExport"),
+              "bndExport | tlExpKlanten Klanten naar tekstbestand | tlExpArtikelen Artikelen naar "
+              "tekstbestand | tlExpArtikelfacturen Facturen naar tekstbestand");
+    EXPECT_EQ(band("bndHelp"), "bndHelp | tlHelp Handboek | tAbout Over...");
+    EXPECT_EQ(band("bndSchermen"), "bndSchermen | tlSchermen &Schermen");
+    EXPECT_EQ(band("bndImport"),
+              "bndImport | tImportArtikelen Import Artikelen/uren | tImportKlant Import klanten");
     EXPECT_EQ(window.windowTitle(), "KORVANE LINDEBRUG");
 }
 
@@ -101,43 +76,27 @@ TEST(MainWindowTest, StartsAndForwardsMenuClicks) {
     EXPECT_EQ(about->findChild<QLabel*>("lblTitle")->text(), "Korvane Lindebrug");
 }
 
-void click(QWidget* target) {
-    QMouseEvent press(QEvent::MouseButtonPress, QPointF(5, 5), target->mapToGlobal(QPointF(5, 5)),
-                      Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(target, &press);
+TEST(SplashTest, AClickOnPictureOrFormAKeyOrTheUnloadTimerClosesIt) {
+    for (const auto& [how, end] :
+         std::initializer_list<std::pair<const char*, std::function<void(frmSplash&)>>>{
+             {"picture",
+              [](frmSplash& s) {
+                  QTest::mouseClick(s.findChild<QLabel*>("imgSplash"), Qt::LeftButton);
+              }},
+             {"form",
+              [](frmSplash& s) { QTest::mouseClick(&s, Qt::LeftButton, {}, QPoint(5, 5)); }},
+             {"key", [](frmSplash& s) { QTest::keyClick(&s, Qt::Key_A); }},
+             {"timer", [](frmSplash& s) { s.findChild<QTimer*>("tmrUnload")->start(0); }}}) {
+        frmSplash splash;
+        splash.setVersion("Versie 2.4.0");
+        splash.stopUnloadTimer();
+        QTimer::singleShot(0, &splash, [&] { end(splash); });
+
+        splash.showModal();
+
+        EXPECT_FALSE(splash.isVisible()) << how;
+        EXPECT_EQ(splash.findChild<QLabel*>("lblVersion")->text(), "Versie 2.4.0");
+    }
 }
-
-void pressKey(QWidget* target) {
-    QKeyEvent key(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, "a");
-    QApplication::sendEvent(target, &key);
-}
-
-// The ways a splash ends; each must close it.
-using SplashEnding = std::pair<const char*, void (*)(frmSplash&)>;
-
-class SplashTest : public testing::TestWithParam<SplashEnding> {};
-
-TEST_P(SplashTest, Closes) {
-    frmSplash splash;
-    splash.setVersion("Versie 2.4.0");
-    splash.stopUnloadTimer();
-    QTimer::singleShot(0, &splash, [&] { GetParam().second(splash); });
-
-    splash.showModal();
-
-    EXPECT_FALSE(splash.isVisible());
-    EXPECT_EQ(splash.findChild<QLabel*>("lblVersion")->text(), "Versie 2.4.0");
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Splash, SplashTest,
-    testing::Values(SplashEnding{"ClickOnPicture",
-                                 [](frmSplash& s) { click(s.findChild<QLabel*>("imgSplash")); }},
-                    SplashEnding{"ClickOnForm", [](frmSplash& s) { click(&s); }},
-                    SplashEnding{"Key", [](frmSplash& s) { pressKey(&s); }},
-                    SplashEnding{
-                        "UnloadTimer",
-                        [](frmSplash& s) { s.findChild<QTimer*>("tmrUnload")->start(0); }}),
-    [](const auto& info) { return std::string(info.param.first); });
 
 }  // namespace
