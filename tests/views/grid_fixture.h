@@ -1,8 +1,6 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <QApplication>
-#include <QMouseEvent>
 
 #include "grid_qstring.h"
 #include "views/ListGrid.h"
@@ -28,22 +26,8 @@ protected:
         grid.setRedraw(true);
     }
 
-    void fillNumbered(int count) {  // "Rij 001", "Rij 002", ...
-        QStringList rows;
-        for (int i = 1; i <= count; ++i)
-            rows.append(QStringLiteral("Rij %1").arg(i, 3, 10, QLatin1Char('0')));
-        fill(rows, {"Omschrijving"});
-    }
-
-    // A mouse event on a row's first cell, as a user's hand would send it.
-    void mouse(QEvent::Type type, int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-        const QPoint at = grid.visualRect(grid.model()->index(row - 1, 0)).center();
-        const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
-        const Qt::MouseButtons held =
-            type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
-        QMouseEvent event(type, at, grid.viewport()->mapToGlobal(at), button, held, modifiers);
-        QApplication::sendEvent(grid.viewport(), &event);
-    }
+    // Where a user's hand clicks a row: its first cell.
+    QPoint cell(int row) const { return grid.visualRect(grid.model()->index(row - 1, 0)).center(); }
 
     ListGrid grid;
     const QStringList customers{"1001\tJansen\tAmsterdam", "1002\tde Vries\tUtrecht",

@@ -1,14 +1,9 @@
 #include <QHeaderView>
+#include <QTest>
 
 #include "grid_fixture.h"
 
 namespace {
-
-QList<int> ids(const QList<int>& rows) {
-    QList<int> result;
-    for (int row : rows) result.append(1000 + row);
-    return result;
-}
 
 QList<int> rowsSelectedInView(const ListGrid& grid) {
     QList<int> rows;
@@ -44,19 +39,22 @@ TEST_P(GridSelectionRule, RowsFromCurrentToSelectionEndLowestFirst) {
         grid.setCurrentRow(c.current);
         grid.setSelectionEndRow(c.selectionEnd);
     } else {
-        mouse(QEvent::MouseButtonPress, c.current);
+        QWidget* hand = grid.viewport();
+        QTest::mousePress(hand, Qt::LeftButton, {}, cell(c.current));
         if (c.way == Way::Drag) {
-            mouse(QEvent::MouseMove, c.selectionEnd);
+            QTest::mouseMove(hand, cell(c.selectionEnd));
         } else {
-            mouse(QEvent::MouseButtonRelease, c.current);
-            mouse(QEvent::MouseButtonPress, c.selectionEnd, Qt::ShiftModifier);
+            QTest::mouseRelease(hand, Qt::LeftButton, {}, cell(c.current));
+            QTest::mousePress(hand, Qt::LeftButton, Qt::ShiftModifier, cell(c.selectionEnd));
         }
-        mouse(QEvent::MouseButtonRelease, c.selectionEnd);
+        QTest::mouseRelease(hand, Qt::LeftButton, {}, cell(c.selectionEnd));
         EXPECT_EQ(grid.currentRow(), c.current);
         EXPECT_EQ(grid.selectionEndRow(), c.selectionEnd);
     }
     EXPECT_EQ(grid.selectedRows(), c.expected);
-    EXPECT_EQ(grid.selectedRowData(), ids(c.expected));
+    QList<int> ids;
+    for (int row : c.expected) ids << 1000 + row;
+    EXPECT_EQ(grid.selectedRowData(), ids);
     EXPECT_EQ(rowsSelectedInView(grid), c.expected);
 }
 
