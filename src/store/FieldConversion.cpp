@@ -184,6 +184,8 @@ QVariant toDateTime(const QVariant& value, const Field& field) {
 
 QString textOf(const QVariant& value) {
     switch (value.typeId()) {
+        case QMetaType::QString:
+            return *static_cast<const QString*>(value.constData());
         case QMetaType::Bool:
             return value.toBool() ? QStringLiteral("True") : QStringLiteral("False");
         case QMetaType::Double:

@@ -138,7 +138,7 @@ void MemorySet::addNew() {
     finishEdit();
     edit_ = Edit::Adding;
     buffer_ = QList<QVariant>(columns().size());
-    changed_ = QList<bool>(columns().size(), false);
+    changed_.fill(false, columns().size());
 }
 
 void MemorySet::setValue(int index, const QVariant& value) {
@@ -152,7 +152,7 @@ void MemorySet::setValue(int index, const QVariant& value) {
     QVariant converted = fields::convert(value, field);
     if (edit_ == Edit::None) {
         buffer_ = currentRow().values;
-        changed_ = QList<bool>(columns().size(), false);
+        changed_.fill(false, columns().size());
         edit_ = Edit::Editing;
     }
     buffer_[index] = std::move(converted);
