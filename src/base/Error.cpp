@@ -10,6 +10,10 @@ Error Error::overflow(const QString& source) {
     return Error(Overflow, source, QStringLiteral("Overloop"));
 }
 
+Error Error::subscriptOutOfRange(const QString& source) {
+    return Error(SubscriptOutOfRange, source, QStringLiteral("Subscript buiten bereik"));
+}
+
 Error Error::typeMismatch(const QString& source) {
     return Error(TypeMismatch, source, QStringLiteral("Typen komen niet overeen"));
 }

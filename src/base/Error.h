@@ -10,6 +10,7 @@ class Error : public std::exception {
 public:
     enum Number : long {
         Overflow = 6,
+        SubscriptOutOfRange = 9,
         TypeMismatch = 13,
         FileNotFound = 53,
         NoCurrentRecord = 3021,
@@ -27,6 +28,7 @@ public:
 
     static Error overflow(const QString& source = QString());
     static Error typeMismatch(const QString& source = QString());
+    static Error subscriptOutOfRange(const QString& source = QString());
 
 private:
     long number_;

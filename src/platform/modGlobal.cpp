@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr long SubscriptOutOfRange = 9;
-
 PageFetcher* installedFetcher = nullptr;
 
 PageFetcher& pageFetcher() {
@@ -20,8 +18,7 @@ PageFetcher& pageFetcher() {
 
 double partAt(const QStringList& parts, qsizetype index) {
     if (index >= parts.size()) {
-        throw Error(SubscriptOutOfRange, QStringLiteral("modGlobal"),
-                    QStringLiteral("Subscript buiten bereik"));
+        throw Error::subscriptOutOfRange(QStringLiteral("modGlobal"));
     }
     return conv::leadingNumber(parts.at(index));
 }

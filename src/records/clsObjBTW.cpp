@@ -18,7 +18,7 @@ double clsObjBTW::GeefBTWPercentage(qint16 tarief) const {
 clsObjBTW clsObjBTW::rowInUse() {
     const QList<clsObjBTW> visible = clsObjBTW().Lijst("Zichtbaar=true");
     if (visible.isEmpty()) {
-        throw Error(9, QStringLiteral("clsObjBTW"), QStringLiteral("Subscript valt buiten bereik"));
+        throw Error::subscriptOutOfRange(QStringLiteral("clsObjBTW"));
     }
     return visible.first();
 }
@@ -33,11 +33,7 @@ const persist::Columns<Self>& clsObjBTW::writeColumns() {
 }
 
 const persist::Columns<Self>& clsObjBTW::readColumns() {
-    static const persist::Columns<Self> columns{
-        {"BTWId", &Self::m_BTWId},
-        {"BTW1", &Self::m_BTW1},
-        {"BTW2", &Self::m_BTW2},
-        {"Zichtbaar", &Self::m_Zichtbaar},
-    };
+    static const persist::Columns<Self> columns =
+        persist::keyThen<Self>({"BTWId", &Self::m_BTWId}, writeColumns());
     return columns;
 }

@@ -96,6 +96,15 @@ private:
 template <class R>
 using Columns = std::vector<Column<R>>;
 
+// The read list of a record that reads its key first and then the columns in the order it
+// writes them.
+template <class R>
+Columns<R> keyThen(Column<R> key, const Columns<R>& written) {
+    Columns<R> columns{std::move(key)};
+    columns.insert(columns.end(), written.begin(), written.end());
+    return columns;
+}
+
 // Reads rows of one set into records; the columns are looked up once for the whole set.
 template <class R>
 class RowReader {
