@@ -79,18 +79,7 @@ const persist::Columns<Self>& clsObjArtikelPerFactuur::writeColumns() {
 }
 
 const persist::Columns<Self>& clsObjArtikelPerFactuur::readColumns() {
-    static const persist::Columns<Self> columns{
-        {"FactuurArtikelID", &Self::m_FactuurArtikelID},
-        {"FactuurID", &Self::m_FactuurId},
-        {"ArtikelId", &Self::m_artikelID},
-        {"Aantal", &Self::m_Aantal},
-        {"Prijs", &Self::m_Prijs},
-        {"TotaalPrijs", &Self::m_TotaalPrijs},
-        {"BTWTarief", &Self::m_BTWTarief},
-        {"BTWBedragTarief1", &Self::m_BTWBedragTarief1},
-        {"BTWBedragTarief2", &Self::m_BTWBedragTarief2},
-        {"Korting", &Self::m_Korting},
-        {"Kortingsbedrag", &Self::m_KortingsBedrag},
-    };
+    static const persist::Columns<Self> columns =
+        persist::keyThen<Self>({"FactuurArtikelID", &Self::m_FactuurArtikelID}, writeColumns());
     return columns;
 }

@@ -122,8 +122,8 @@ void clsObjFactuur::insertLine(const clsObjArtikelPerFactuur& edited) const {
 
 const persist::Columns<Self>& clsObjFactuur::writeColumns() {
     static const persist::Columns<Self> columns{
-        {"Nummer", &Self::m_Nummer},
-        {"Datum", &Self::m_Datum},
+        {"Nummer", &Self::m_Nummer, ReadRule::NullAsZeroText},
+        {"Datum", &Self::m_Datum, ReadRule::NullAsNow},
         {"KlantId", &Self::m_KlantID},
         {"Klantnaam", &Self::m_Klantnaam},
         {"TotaalPrijs", &Self::m_TotaalPrijs},
@@ -134,15 +134,7 @@ const persist::Columns<Self>& clsObjFactuur::writeColumns() {
 }
 
 const persist::Columns<Self>& clsObjFactuur::readColumns() {
-    static const persist::Columns<Self> columns{
-        {"FactuurID", &Self::m_FactuurId},
-        {"Nummer", &Self::m_Nummer, ReadRule::NullAsZeroText},
-        {"Datum", &Self::m_Datum, ReadRule::NullAsNow},
-        {"KlantId", &Self::m_KlantID},
-        {"Klantnaam", &Self::m_Klantnaam},
-        {"TotaalPrijs", &Self::m_TotaalPrijs},
-        {"TotaalPrijsExBTW", &Self::m_TotaalPrijsExBTW},
-        {"BTWId", &Self::m_BTWId},
-    };
+    static const persist::Columns<Self> columns =
+        persist::keyThen<Self>({"FactuurID", &Self::m_FactuurId}, writeColumns());
     return columns;
 }
