@@ -1,58 +1,55 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <sqlite3.h>
 
 #include <QLocale>
-#include <QTemporaryDir>
+#include <QStringList>
 
-#include "base/Error.h"
+#include "TestDatabase.h"
 #include "base/Regional.h"
+#include "error_of.h"
 #include "store/Connection.h"
 
-// A fresh, empty database file in a temporary folder, opened through the engine with the
-// program's connection string, under Dutch regional settings.
+// A fresh copy of the shipped database in a temporary program folder, opened through the
+// engine with the program's connection string, under Dutch regional settings.
 class EngineTest : public ::testing::Test {
 public:
     static QString connectionString(const QString& file) {
-        return QStringLiteral("Data Provider=Microsoft.Jet.OLEDB.4.0;Data Source=") + file +
-               QStringLiteral(";Persist Security Info=False");
+        return "Data Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + file +
+               ";Persist Security Info=False";
     }
-
     static QString odbcString(const QString& file) {
-        return QStringLiteral("DRIVER={Microsoft Access Driver (*.mdb)};DBQ=") + file +
-               QStringLiteral(";UID=sa;PWD=;");
+        return "DRIVER={Microsoft Access Driver (*.mdb)};DBQ=" + file + ";UID=sa;PWD=;";
     }
 
 protected:
     void SetUp() override {
         Regional::setLocaleForTests(QLocale(QLocale::Dutch, QLocale::Netherlands));
-        ASSERT_TRUE(dir.isValid());
-        createEmptyFile(path);
         db.open(connectionString(path));
     }
 
-    static void createEmptyFile(const QString& file) {
-        sqlite3* handle = nullptr;
-        sqlite3_open(file.toUtf8().constData(), &handle);
-        sqlite3_exec(handle, "PRAGMA user_version=1", nullptr, nullptr, nullptr);
-        sqlite3_close(handle);
+    void run(std::initializer_list<const char*> statements) {
+        for (const char* sql : statements) {
+            db.execute(QString::fromUtf8(sql));
+        }
     }
 
     QVariant scalar(const QString& sql) { return db.openReadSet(sql)->value(0); }
 
-    // The error a statement raises, or 0 when it raises none.
-    template <typename Action>
-    static long errorOf(Action action) {
-        try {
-            action();
-        } catch (const Error& error) {
-            return error.number();
+    // Every row of a query, its values joined by '|', Null as "<Null>".
+    QStringList rows(const QString& sql) {
+        QStringList result;
+        for (auto set = db.openReadSet(sql); !set->isEOF(); set->moveNext()) {
+            QStringList row;
+            for (int i = 0; i < set->fieldCount(); ++i) {
+                row.append(set->value(i).isValid() ? set->value(i).toString() : "<Null>");
+            }
+            result.append(row.join(u'|'));
         }
-        return 0;
+        return result;
     }
 
-    QTemporaryDir dir;
-    QString path = dir.filePath(QStringLiteral("db.daa"));
+    TestDatabase data;
+    QString path = data.path();
     Connection db;
 };
