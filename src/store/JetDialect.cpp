@@ -22,10 +22,10 @@ bool isName(const Token& token) {
 }
 
 Tokens trimmed(Tokens tokens) {
-    while (!tokens.isEmpty() && tokens.first().kind == Token::Blank) {
+    while (!tokens.isEmpty() && tokens.first().isSpacing()) {
         tokens.removeFirst();
     }
-    while (!tokens.isEmpty() && tokens.last().kind == Token::Blank) {
+    while (!tokens.isEmpty() && tokens.last().isSpacing()) {
         tokens.removeLast();
     }
     return tokens;

@@ -89,6 +89,12 @@ void alterColumn(sqlite3* db, const jet::Translation& change) {
     requireOrdinaryColumn(db, table, column);
     const QString definition =
         jet::withColumnType(table.sql, column, change.alterType, change.alterToText);
+    if (definition.isEmpty()) {
+        // A definition the change cannot be read into is never written over the table's.
+        throw engine::error(3027, QStringLiteral("De kolom %1 van de tabel %2 kan niet worden "
+                                                 "gewijzigd.")
+                                      .arg(column, table.name));
+    }
     if (change.textLength > 0) {
         requireValuesFit(db, table, column, change.textLength);
     }

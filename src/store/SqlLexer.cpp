@@ -12,6 +12,20 @@ bool isWordPart(QChar c) {
     return c.isLetterOrNumber() || c == u'_';
 }
 
+// The end of a comment that starts at 'begin', or -1 when no comment starts there.
+qsizetype commentEnd(const QString& text, qsizetype begin) {
+    const QStringView rest = QStringView(text).mid(begin);
+    if (rest.startsWith(u"--")) {
+        const qsizetype end = text.indexOf(u'\n', begin);
+        return end < 0 ? text.size() : end;
+    }
+    if (rest.startsWith(u"/*")) {
+        const qsizetype end = text.indexOf(QStringLiteral("*/"), begin + 2);
+        return end < 0 ? text.size() : end + 2;
+    }
+    return -1;
+}
+
 // The end of a literal that starts at 'begin' with 'quote'; a doubled quote is part of it.
 qsizetype quotedEnd(const QString& text, qsizetype begin, QChar quote) {
     qsizetype i = begin + 1;
@@ -60,7 +74,10 @@ QList<Token> tokenize(const QString& text) {
         const QChar c = text[i];
         qsizetype end = i + 1;
         Token::Kind kind = Token::Symbol;
-        if (c.isSpace()) {
+        if (const qsizetype comment = commentEnd(text, i); comment > 0) {
+            kind = Token::Comment;
+            end = comment;
+        } else if (c.isSpace()) {
             kind = Token::Blank;
             while (end < text.size() && text[end].isSpace()) {
                 ++end;
@@ -103,7 +120,7 @@ QString join(const QList<Token>& tokens) {
 
 qsizetype nextSolid(const QList<Token>& tokens, qsizetype from) {
     qsizetype i = from + 1;
-    while (i < tokens.size() && tokens[i].kind == Token::Blank) {
+    while (i < tokens.size() && tokens[i].isSpacing()) {
         ++i;
     }
     return i;
@@ -111,7 +128,7 @@ qsizetype nextSolid(const QList<Token>& tokens, qsizetype from) {
 
 qsizetype previousSolid(const QList<Token>& tokens, qsizetype from) {
     qsizetype i = from - 1;
-    while (i >= 0 && tokens[i].kind == Token::Blank) {
+    while (i >= 0 && tokens[i].isSpacing()) {
         --i;
     }
     return i;

@@ -10,6 +10,7 @@ namespace sql {
 struct Token {
     enum Kind {
         Blank,      // white space
+        Comment,    // -- to the end of the line, or /* ... */
         Word,       // a name or keyword
         Name,       // a quoted name: [Name] or `Name`
         JetString,  // "text" (a string literal in Jet, a name in SQLite)
@@ -23,14 +24,16 @@ struct Token {
     bool isSymbol(QChar c) const { return kind == Symbol && text.size() == 1 && text[0] == c; }
     bool isWord(const char* word) const;
     bool isString() const { return kind == JetString || kind == SqlString; }
+    // White space or a comment: what may stand between any two tokens.
+    bool isSpacing() const { return kind == Blank || kind == Comment; }
 };
 
 QList<Token> tokenize(const QString& text);
 QString join(const QList<Token>& tokens);
 
-// The index of the next token after 'from' that is not a blank, or tokens.size().
+// The index of the next token after 'from' that is not spacing, or tokens.size().
 qsizetype nextSolid(const QList<Token>& tokens, qsizetype from);
-// The index of the last token before 'from' that is not a blank, or -1.
+// The index of the last token before 'from' that is not spacing, or -1.
 qsizetype previousSolid(const QList<Token>& tokens, qsizetype from);
 
 // The contents of a quoted literal without its quotes, doubled quotes undone.

@@ -170,6 +170,10 @@ TEST_F(SchemaRoutines, ZetTekstKolomLengteKeepsRowsLinesAndTheirCascadeOrFailsWh
     EXPECT_EQ(db.scalar("SELECT count(*) FROM ArtikelPerFactuur"), 1);
     gConnectie->execute("DELETE FROM Factuur");
     EXPECT_EQ(db.scalar("SELECT count(*) FROM ArtikelPerFactuur"), 0);
+
+    // The customer table's definition carries comments with quotes in them.
+    database.ZetTekstKolomLengte("Klant", "Extra", 80);
+    EXPECT_EQ(field("Klant", "Extra").size, 80);
 }
 
 TEST_F(SchemaRoutines, VerwijderKolomFailsAndNieuweTabelMakesTheLookupTable) {
