@@ -34,12 +34,6 @@ QTextStream& out() {
     return stream;
 }
 
-class SilentProgress : public ui::Progress {
-public:
-    void setValue(qint64) override {}
-    bool wasCancelled() const override { return false; }
-};
-
 // Messages go to the terminal; the one folder or file of the command answers every
 // dialog, and --yes every question.
 class TerminalService : public ui::Service {
@@ -64,7 +58,7 @@ public:
     bool openAddress(const QString&) override { return false; }
     bool startProgram(const QString&, const QStringList&) override { return false; }
     std::unique_ptr<ui::Progress> progress(const QString&, qint64) override {
-        return std::make_unique<SilentProgress>();
+        return ui::silentProgress();
     }
 
 private:

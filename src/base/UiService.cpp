@@ -10,6 +10,14 @@ public:
     bool wasCancelled() const override { return false; }
 };
 
+}  // namespace
+
+std::unique_ptr<Progress> silentProgress() {
+    return std::make_unique<SilentProgress>();
+}
+
+namespace {
+
 // Until the program installs its own, questions get their default answer and dialogs
 // are cancelled, so nothing below the screens can block on a user who is not there.
 class SilentService : public Service {
@@ -21,9 +29,7 @@ public:
     void playSound(const QString&) override {}
     bool openAddress(const QString&) override { return false; }
     bool startProgram(const QString&, const QStringList&) override { return false; }
-    std::unique_ptr<Progress> progress(const QString&, qint64) override {
-        return std::make_unique<SilentProgress>();
-    }
+    std::unique_ptr<Progress> progress(const QString&, qint64) override { return silentProgress(); }
 };
 
 SilentService silent;

@@ -32,6 +32,9 @@ public:
     virtual bool wasCancelled() const = 0;
 };
 
+// Progress that shows nothing, for work done where nobody watches.
+std::unique_ptr<Progress> silentProgress();
+
 class Service {
 public:
     virtual ~Service() = default;

@@ -1,15 +1,5 @@
 #include "RecordingUiService.h"
 
-namespace {
-
-class SilentProgress : public ui::Progress {
-public:
-    void setValue(qint64) override {}
-    bool wasCancelled() const override { return false; }
-};
-
-}  // namespace
-
 RecordingUiService::RecordingUiService() {
     ui::install(this);
 }
@@ -55,5 +45,5 @@ bool RecordingUiService::startProgram(const QString& program, const QStringList&
 
 std::unique_ptr<ui::Progress> RecordingUiService::progress(const QString& title, qint64) {
     progressTitles.append(title);
-    return std::make_unique<SilentProgress>();
+    return ui::silentProgress();
 }
