@@ -220,6 +220,13 @@ QVariant Reader::read(sqlite3_stmt* statement, int column, FieldType type) {
     return plain(statement, column, storage);
 }
 
+std::optional<QString> Reader::text(sqlite3_stmt* statement, int column) {
+    if (sqlite3_column_type(statement, column) == SQLITE_NULL) {
+        return std::nullopt;
+    }
+    return textOf(statement, column);
+}
+
 QDateTime Reader::dateTime(sqlite3_stmt* statement, int column) {
     // Enough for every day of decades of invoices; texts with times of day may not all fit.
     constexpr std::size_t kKnownDates = 20000;

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 #include <QVariant>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -32,6 +33,8 @@ DeclaredType declaredType(const char* declared, bool rowidKey);
 class Reader {
 public:
     QVariant read(sqlite3_stmt* statement, int column, FieldType type);
+    // A Text column's value as read gives it, straight as a QString; nothing for Null.
+    static std::optional<QString> text(sqlite3_stmt* statement, int column);
 
 private:
     QDateTime dateTime(sqlite3_stmt* statement, int column);

@@ -14,9 +14,7 @@ ReadSet::ReadSet(engine::Statement statement, bool onRow, columns::Columns colum
 }
 
 void ReadSet::moveNext() {
-    if (!onRow_) {
-        throw engine::noCurrentRecord();
-    }
+    requireRow();
     step();
 }
 
@@ -26,10 +24,16 @@ void ReadSet::moveFirst() {
 }
 
 QVariant ReadSet::value(int index) const {
-    if (!onRow_) {
-        throw engine::noCurrentRecord();
-    }
+    requireRow();
     return reader_.read(statement_.get(), index, columns().fields()[index].type);
+}
+
+std::optional<QString> ReadSet::text(int index) const {
+    requireRow();
+    if (columns().fields()[index].type != FieldType::Text) {
+        return Impl::text(index);
+    }
+    return reader_.text(statement_.get(), index);
 }
 
 void ReadSet::close() {
@@ -40,6 +44,12 @@ void ReadSet::close() {
 void ReadSet::step() {
     onRow_ = statement_.step();
     release();
+}
+
+void ReadSet::requireRow() const {
+    if (!onRow_) {
+        throw engine::noCurrentRecord();
+    }
 }
 
 void ReadSet::release() {

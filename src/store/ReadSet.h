@@ -17,11 +17,13 @@ public:
     void moveFirst() override;
     qsizetype recordCount() const override { return -1; }
     QVariant value(int index) const override;
+    std::optional<QString> text(int index) const override;
     void close() override;
 
 private:
     void step();
     void release();
+    void requireRow() const;
 
     engine::Statement statement_;
     mutable columns::Reader reader_;

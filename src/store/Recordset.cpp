@@ -23,6 +23,14 @@ void Recordset::Impl::cancelUpdate() {
     throw engine::notUpdatable();
 }
 
+std::optional<QString> Recordset::Impl::text(int index) const {
+    const QVariant held = value(index);
+    if (held.isNull()) {
+        return std::nullopt;
+    }
+    return held.toString();
+}
+
 Recordset& Recordset::Impl::child(const QString& name) {
     throw engine::itemNotFound(name);
 }
@@ -81,6 +89,11 @@ QVariant Recordset::value(const QString& name) const {
         throw engine::itemNotFound(name);
     }
     return impl_->value(index);
+}
+
+std::optional<QString> Recordset::text(int index) const {
+    field(index);
+    return impl_->text(index);
 }
 
 void Recordset::addNew() {

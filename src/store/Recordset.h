@@ -4,6 +4,7 @@
 #include <QString>
 #include <QVariant>
 #include <memory>
+#include <optional>
 
 #include "store/Field.h"
 
@@ -41,6 +42,9 @@ public:
 
     QVariant value(int index) const;
     QVariant value(const QString& name) const;
+    // The value as text, as value(index).toString() gives it, without the QVariant between;
+    // nothing for Null. Lists of records read their texts this way.
+    std::optional<QString> text(int index) const;
 
     // Updatable sets only.
     void addNew();

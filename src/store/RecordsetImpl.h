@@ -22,6 +22,7 @@ public:
     virtual qsizetype recordCount() const = 0;
     virtual bool isUpdatable() const { return false; }
     virtual QVariant value(int index) const = 0;
+    virtual std::optional<QString> text(int index) const;
     virtual void close() = 0;
 
     virtual void addNew();

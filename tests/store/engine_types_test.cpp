@@ -69,11 +69,17 @@ TEST_F(TypedColumn, AValueReadsBackAsTheColumnsKind) {
         SCOPED_TRACE(QString("%1 <- %2").arg(c.declared, c.assigned.toString()).toStdString());
         auto set = createWith(c.declared);
         EXPECT_EQ(set->field(1).type, c.type);
+        EXPECT_EQ(db.openReadSet("SELECT * FROM T")->text(1), std::nullopt);
         set->setValue("waarde", c.assigned);
         set->update();
         EXPECT_EQ(stored().metaType(), c.expected.metaType());
         EXPECT_EQ(stored(), c.expected);
         EXPECT_EQ(db.openUpdatableSet("SELECT * FROM T")->value(1), c.expected);
+        // Text straight from either kind of set, as the value turned into text.
+        const auto asText =
+            c.expected.isNull() ? std::nullopt : std::optional(c.expected.toString());
+        EXPECT_EQ(db.openReadSet("SELECT * FROM T")->text(1), asText);
+        EXPECT_EQ(db.openUpdatableSet("SELECT * FROM T")->text(1), asText);
     }
 }
 
