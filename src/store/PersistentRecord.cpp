@@ -44,11 +44,11 @@ QDateTime zeroDate() {
     return zero;
 }
 
-QString toText(const QVariant& value, ReadRule rule) {
-    if (value.isNull()) {
+QString toText(std::optional<QString> value, ReadRule rule) {
+    if (!value) {
         return rule == ReadRule::NullAsZeroText ? QStringLiteral("0") : QString();
     }
-    return value.toString();
+    return std::move(*value);
 }
 
 qint32 toLong(const QVariant& value) {

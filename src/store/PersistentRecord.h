@@ -5,6 +5,7 @@
 #include <QString>
 #include <QVariant>
 #include <memory>
+#include <optional>
 #include <type_traits>
 #include <variant>
 #include <vector>
@@ -35,7 +36,7 @@ enum class ReadRule {
 // The date a date field holds before anything is put into it.
 QDateTime zeroDate();
 
-QString toText(const QVariant& value, ReadRule rule);
+QString toText(std::optional<QString> value, ReadRule rule);
 qint32 toLong(const QVariant& value);
 qint16 toInteger(const QVariant& value, ReadRule rule);
 bool toBoolean(const QVariant& value);
@@ -60,9 +61,9 @@ public:
 
     const QString& name() const { return name_; }
 
-    void read(R& record, const QVariant& value) const {
-        std::visit([&](auto member) { record.*member = convert(value, &(record.*member)); },
-                   member_);
+    // The value of field index of the current row of set into its member of record.
+    void read(R& record, const Recordset& set, int index) const {
+        std::visit([&](auto member) { fill(record.*member, set, index); }, member_);
     }
 
     QVariant write(const R& record) const {
@@ -79,7 +80,15 @@ public:
     }
 
 private:
-    QString convert(const QVariant& v, const QString*) const { return toText(v, rule_); }
+    // Texts come straight from the set: most of a list's values are texts.
+    void fill(QString& field, const Recordset& set, int index) const {
+        field = toText(set.text(index), rule_);
+    }
+    template <class T>
+    void fill(T& field, const Recordset& set, int index) const {
+        field = convert(set.value(index), &field);
+    }
+
     qint32 convert(const QVariant& v, const qint32*) const { return toLong(v); }
     qint16 convert(const QVariant& v, const qint16*) const { return toInteger(v, rule_); }
     bool convert(const QVariant& v, const bool*) const { return toBoolean(v); }
@@ -118,17 +127,17 @@ public:
 
     void read(R& record) const {
         for (std::size_t i = 0; i < columns_.size(); ++i) {
-            columns_[i].read(record, set_.value(indexes_[i]));
+            columns_[i].read(record, set_, indexes_[i]);
         }
     }
 
-    // Every row from the current one to the end, handed to add in set order.
-    template <class Add>
-    void readRemaining(Recordset& set, Add add) const {
+    // Every row from the current one to the end, in set order, each read into the record
+    // place() makes where it will stay: a record moved after reading costs a copy of every
+    // field and a second allocation.
+    template <class Place>
+    void readRemaining(Recordset& set, Place place) const {
         while (!set.isEOF()) {
-            R record;
-            read(record);
-            add(std::move(record));
+            read(place());
             set.moveNext();
         }
     }
@@ -194,8 +203,11 @@ public:
         if (set.isEOF()) {
             return;
         }
-        reader(set).readRemaining(set, [&](Derived&& record) {
-            collection.append(std::make_shared<Derived>(std::move(record)));
+        reader(set).readRemaining(set, [&]() -> Derived& {
+            auto record = std::make_shared<Derived>();
+            Derived& placed = *record;
+            collection.append(std::move(record));
+            return placed;
         });
     }
 
@@ -208,8 +220,7 @@ public:
         auto set = gConnectie->openReadSet(GetSelectClauseWithFilter(filter));
         QList<Derived> list;
         if (!set->isEOF()) {
-            reader(*set).readRemaining(*set,
-                                       [&](Derived&& record) { list.append(std::move(record)); });
+            reader(*set).readRemaining(*set, [&]() -> Derived& { return list.emplaceBack(); });
         }
         return list;
     }
