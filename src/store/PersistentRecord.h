@@ -215,9 +215,7 @@ public:
 
     // OphalenLijst with records of this class, in the order of the select text.
     QList<Derived> Lijst(const QString& filter) const {
-        clsDatabase database;
-        database.MaakConnectie();
-        auto set = gConnectie->openReadSet(GetSelectClauseWithFilter(filter));
+        auto set = clsDatabase().openReadSet(GetSelectClauseWithFilter(filter));
         QList<Derived> list;
         if (!set->isEOF()) {
             reader(*set).readRemaining(*set, [&]() -> Derived& { return list.emplaceBack(); });

@@ -52,18 +52,21 @@ void clsDatabase::NieuweInstance(clsPersistenceClass& record) {
 }
 
 void clsDatabase::retrieveInstance(clsPersistenceClass& record) {
-    MaakConnectie();
-    auto set = gConnectie->openReadSet(record.GetSelectClause());
+    auto set = openReadSet(record.GetSelectClause());
     record.CopyData(*set);
 }
 
 clsPersistenceClass::Collection clsDatabase::retrieveMultiple(const QString& filter,
                                                               const clsPersistenceClass& record) {
-    MaakConnectie();
-    auto set = gConnectie->openReadSet(record.GetSelectClauseWithFilter(filter));
+    auto set = openReadSet(record.GetSelectClauseWithFilter(filter));
     clsPersistenceClass::Collection collection;
     record.CopyMultiple(*set, collection);
     return collection;
+}
+
+std::unique_ptr<Recordset> clsDatabase::openReadSet(const QString& sql) {
+    MaakConnectie();
+    return gConnectie->openReadSet(sql);
 }
 
 void clsDatabase::DeleteInstance(clsPersistenceClass& record) {

@@ -23,6 +23,8 @@ public:
     void DeleteInstance(clsPersistenceClass& record);
     void UpdateInstance(clsPersistenceClass& record);
     std::unique_ptr<Recordset> ExecuteQuery(const QString& sql);
+    // The forward-only read set of a select text, on the connection opened when needed.
+    std::unique_ptr<Recordset> openReadSet(const QString& sql);
     void SluitConnectie();
     void SluitDBConnectie();
     void GeefVersie();
