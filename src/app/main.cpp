@@ -2,9 +2,8 @@
 #include <cstdlib>
 
 #include "base/UiService.h"
-#include "controllers/ViewFactory.h"
 #include "views/QtUiService.h"
-#include "views/QtViewFactory.h"
+#include "views/QtViews.h"
 #include "views/frmFactuur.h"
 
 int main(int argc, char* argv[]) {
@@ -14,8 +13,7 @@ int main(int argc, char* argv[]) {
 
     QtUiService uiService;
     ui::install(&uiService);
-    QtViewFactory views;
-    installViewFactory(&views);
+    installQtViews();
 
     frmFactuur window;
     if (!window.startUp())

@@ -84,3 +84,27 @@ QString Regional::currencyText(const Currency& amount) {
     // The Dutch form of the desktop's regional settings: "€ 1.234,56", "€ -1.234,56".
     return locale().currencySymbol() + u' ' + locale().toString(rounded, 'f', 2);
 }
+
+QString Regional::valueText(const QVariant& value) {
+    if (value.isNull())
+        return QString();
+    switch (value.typeId()) {
+        case QMetaType::QString:
+            return *static_cast<const QString*>(value.constData());
+        case QMetaType::Bool:
+            return value.toBool() ? QStringLiteral("True") : QStringLiteral("False");
+        case QMetaType::Float:
+        case QMetaType::Double:
+            return numberText(value.toDouble());
+        case QMetaType::QDateTime:
+            return dateText(value.toDateTime());
+        case QMetaType::QDate:
+            return dateText(value.toDate().startOfDay());
+        case QMetaType::QByteArray:
+            return QString::fromUtf8(value.toByteArray());
+        default:
+            if (value.metaType() == QMetaType::fromType<Currency>())
+                return currencyNumberText(value.value<Currency>());
+            return value.toString();
+    }
+}
