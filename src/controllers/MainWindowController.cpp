@@ -7,6 +7,7 @@
 #include "controllers/ShellViews.h"
 #include "controllers/ViewFactory.h"
 #include "controllers/clsControllerFactuur.h"
+#include "exchange/ExchangeRoutines.h"
 #include "platform/modGlobal.h"
 #include "records/clsObjInstellingen.h"
 #include "store/clsFoutCodeVertaler.h"
@@ -28,6 +29,7 @@ MainWindowController::~MainWindowController() {
 
 bool MainWindowController::startUp() {
     registerMainWindow(&view_);
+    exchange::removeLeftovers();
 
     clsObjAppInstellingen database;
     if (!database.DatabaseNietOpAlleenLezen()) {
