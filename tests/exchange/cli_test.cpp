@@ -10,20 +10,23 @@ class CliTest : public ExchangeTest {
 protected:
     CliTest() { QFile::copy(LINDEBRUG_CLI, database.file("lindebrug-cli")); }
 
-    // Runs the program with these arguments; its exit code, then what it printed.
+    // Runs the program with these arguments; its exit code, then what it printed on
+    // standard output, then "|" and what it printed on standard error.
     QString run(const QStringList& arguments) {
         closeSharedConnections();  // the program must find the file as it is, free to replace
         QProcess process;
         process.start(database.file("lindebrug-cli"), arguments);
         EXPECT_TRUE(process.waitForFinished(60000));
         EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
-        return QString::number(process.exitCode()) + ' ' + process.readAllStandardOutput();
+        return QString::number(process.exitCode()) + ' ' + process.readAllStandardOutput() + '|' +
+               process.readAllStandardError();
     }
 };
 
 // A session as a user types it: a backup, imports undone by a restore of the backup, a
-// second backup declined and then allowed, commands it does not know, and a restore of a
-// file that is no database, which the restore and every command after it report.
+// second backup declined and then allowed, register names in other letter cases, commands
+// it does not know, and a file that is no database: refused, then forced, after which the
+// exit code and every later command say that db.daa is not usable.
 TEST_F(CliTest, EveryCommandInOneSession) {
     addRegisters();
     writeBytes(work("klanten.txt"), "7;Zeven BV\r\n8;Acht BV\r\n");
@@ -33,37 +36,76 @@ TEST_F(CliTest, EveryCommandInOneSession) {
     const QString damaged = "Error 26 (Het bestand '" + database.path() +
                             "' kan niet als database worden geopend: file is not a database) in "
                             "procedure MaakConnectie of Class Module clsDatabase\n";
+    const QString exported = "Export van klant naar csv gelukt. Het bestand is opgeslagen\nals " +
+                             folder + "/klant.csv\n";
     const std::pair<QStringList, QString> steps[] = {
-        {{"export", "klant", folder},
-         "0 Export van klant naar csv gelukt. Het bestand is opgeslagen\nals " + folder +
-             "/klant.csv\n"},
-        {{"backup", folder}, "0 Backup gelukt!\n"},
-        {{"import", "Klant", work("klanten.txt")}, "0 Importeren van Klant  gelukt\n"},
-        {{"import", "Klant", work("fout.txt")}, "1 Importeren vanuit bestand mislukt!\n"},
-        {{"backup", folder}, "1 Bestand bestaat! Overschrijven? Nee\n"},
-        {{"restore", todaysBackup()}, "0 "},
-        {{"--yes", "backup", folder}, "0 Bestand bestaat! Overschrijven? Ja\nBackup gelukt!\n"},
-        {{}, "2 "},
-        {{"export", "Klant", folder}, "2 "},
-        {{"import", "klant", "x"}, "2 "},
-        {{"backup"}, "2 "},
-        {{"opruimen", "x"}, "2 "},
-        {{"restore", work("kapot.bu1")}, "0 " + damaged},
+        {{"export", "klant", folder}, "0 " + exported + "|"},
+        {{"backup", folder}, "0 Backup gelukt!\n|"},
+        {{"import", "Klant", work("klanten.txt")}, "0 Importeren van Klant  gelukt\n|"},
+        {{"import", "KLANT", work("fout.txt")}, "1 Importeren vanuit bestand mislukt!\n|"},
+        {{"backup", folder}, "1 Bestand bestaat! Overschrijven? Nee\n|"},
+        {{"restore", todaysBackup()}, "0 |"},
+        {{"--yes", "backup", folder}, "0 Bestand bestaat! Overschrijven? Ja\nBackup gelukt!\n|"},
+        {{"export", "Klant", folder, "--yes"},
+         "0 Het bestand " + folder + "/klant.csv bestaat al. Verwijderen? Ja\n" + exported + "|"},
+        {{"export", "KLANT", folder},
+         "1 Het bestand " + folder +
+             "/klant.csv bestaat al. Verwijderen? Nee\n"
+             "Export naar csv-bestand mislukt!\n|Het bestaande bestand " +
+             folder + "/klant.csv is gehouden.\n"},
+        {{"import", "artikel", work("x")},
+         "1 Importeren vanuit bestand mislukt!\n|Het bestand " + work("x") + " bestaat niet.\n"},
+        {{"restore", work("kapot.bu1")},
+         "1 Het bestand " + work("kapot.bu1") +
+             " is geen backup van Lindebrug; de database is niet vervangen.\n"
+             "|Het bestand is geen database.\n"},
+        {{"restore", "--force", work("kapot.bu1")},
+         "3 " + damaged + "|db.daa is geen bruikbare database: Het bestand is geen database.\n"},
         {{"import", "Klant", work("klanten.txt")},
-         "1 " + damaged + "Importeren vanuit bestand mislukt!\n"},
+         "1 " + damaged +
+             "Importeren vanuit bestand mislukt!\n|De verbinding met de database is niet open.\n"},
     };
     for (const auto& [arguments, result] : steps) {
-        EXPECT_EQ(run(arguments), result) << arguments.join(' ').toStdString();
+        QString printed = run(arguments);
+        // The reason of a refused import line is the engine's own text; only its start is ours.
+        if (arguments.contains("KLANT") && arguments[0] == "import")
+            printed = printed.section('|', 0, 0) + '|';
+        EXPECT_EQ(printed, result) << arguments.join(' ').toStdString();
     }
-    EXPECT_TRUE(run({"--help"}).startsWith("0 Gebruik: lindebrug-cli"));
     EXPECT_EQ(readBytes(work("klant.csv")), testFile("klant.csv"));
     EXPECT_EQ(readBytes(database.path()), QByteArray(4096, 'x'));
-    // The last backup holds the restored database: the two customers, without the imports.
+    // The last backup holds the restored database: the two customers, without the imports;
+    // the database the forced restore replaced is kept.
     EXPECT_EQ(database.scalar("SELECT group_concat(Bedrijfsnaam, '|') FROM Klant", todaysBackup()),
               "Bakkerij Dé Korf|Jansen");
+    EXPECT_EQ(dump(database.file("db.daa.vorige")), dump(todaysBackup()));
 
     QFile::remove(database.path());
-    EXPECT_EQ(run({"backup", folder}), "1 Databasebestand ontbreekt\n");
+    EXPECT_EQ(run({"backup", folder}),
+              "1 Databasebestand ontbreekt\n|Er is geen db.daa in " + database.folder() + "\n");
+}
+
+// Wrong calls exit with 2 and say why on standard error, before the help; the help and
+// the version exit with 0.
+TEST_F(CliTest, WrongCallsAreExplainedAndHelpListsCommandsAndExitCodes) {
+    const std::pair<QStringList, QString> wrong[] = {
+        {{}, "Geen opdracht gegeven."},
+        {{"export", "klanten", "map"}, "Onbekende tabel voor export: klanten"},
+        {{"import", "FactArt", "x"}, "Onbekende tabel voor import: FactArt"},
+        {{"backup"}, "Verkeerd aantal argumenten voor backup."},
+        {{"opruimen", "x"}, "Onbekende opdracht: opruimen"},
+    };
+    for (const auto& [arguments, problem] : wrong) {
+        const QString printed = run(arguments);
+        EXPECT_TRUE(printed.startsWith("2 |" + problem + "\n\nGebruik: lindebrug-cli"))
+            << printed.toStdString();
+    }
+    const QString help = run({"--help"});
+    EXPECT_TRUE(help.startsWith("0 Gebruik: lindebrug-cli")) << help.toStdString();
+    for (const char* line : {"db.daa kopiëren naar MAP/<ddmmjjjj>db.bu1", "Exitcodes:",
+                             "  0  de opdracht is gelukt", "  3  db.daa is na de opdracht"})
+        EXPECT_TRUE(help.contains(line)) << line;
+    EXPECT_EQ(run({"--version"}), "0 lindebrug-cli " LINDEBRUG_VERSION "\n|");
 }
 
 }  // namespace
