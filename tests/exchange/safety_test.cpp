@@ -1,0 +1,326 @@
+// What a crash, a kill or a file that is no text does to backup, restore and import.
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <QDir>
+#include <iostream>
+
+#include "ExchangeFixture.h"
+#include "KillPoints.h"
+#include "base/Error.h"
+#include "exchange/DatabaseFile.h"
+#include "exchange/DurableFile.h"
+#include "exchange/ExchangeRoutines.h"
+#include "exchange/clsXport.h"
+
+namespace {
+
+QStringList temporaryFiles(const QString& folder) {
+    QStringList found;
+    for (const QString& name : QDir(folder).entryList(QDir::Files | QDir::Hidden)) {
+        if (name.contains("~lindebrug-"))
+            found.append(name);
+    }
+    return found;
+}
+
+// The bytes of a database and of the journal beside it, to put back before every try.
+struct Snapshot {
+    QByteArray database;
+    QByteArray journal;
+
+    static Snapshot of(const QString& path) {
+        return {readBytes(path), readBytes(dbfile::journalName(path))};
+    }
+    void restoreTo(const QString& path) const {
+        writeBytes(path, database);
+        writeBytes(dbfile::journalName(path), journal);
+    }
+};
+
+class CrashTest : public ExchangeTest {
+protected:
+    CrashTest() {
+        addCustomers(1, 1500, "Klant");
+        closeSharedConnections();
+        committed = dump(database.path());
+    }
+    ~CrashTest() override { durable::removeLeftovers(workFolder()); }
+
+    void addCustomers(int first, int count, const QString& name) {
+        database.exec(QString("WITH RECURSIVE n(i) AS (SELECT %1 UNION ALL SELECT i + 1 FROM n "
+                              "WHERE i < %2) INSERT INTO Klant (DebiteurNummer, Bedrijfsnaam, "
+                              "Adres) SELECT i, '%3 ' || i, printf('%.40c', 'a') FROM n")
+                          .arg(first)
+                          .arg(first + count - 1)
+                          .arg(name));
+    }
+
+    // A process that changes every customer with so small a page cache that the changed
+    // pages reach db.daa, and dies before its COMMIT: a hot journal stays beside db.daa.
+    void crashInsideATransaction() {
+        const pid_t child = ::fork();
+        if (child == 0) {
+            sqlite3* db = nullptr;
+            sqlite3_open(database.path().toUtf8().constData(), &db);
+            sqlite3_exec(db,
+                         "PRAGMA cache_size=5; BEGIN; UPDATE Klant SET Bedrijfsnaam = "
+                         "Bedrijfsnaam || ' gewijzigd', Plaats = printf('%.60c', 'p');",
+                         nullptr, nullptr, nullptr);
+            ::_exit(0);
+        }
+        ::waitpid(child, nullptr, 0);
+        ASSERT_GT(QFileInfo(dbfile::journalName(database.path())).size(), 0);
+        writeBytes(work("alleen-het-bestand"), readBytes(database.path()));
+        ASSERT_NE(dump(work("alleen-het-bestand")), committed)
+            << "the file alone must hold uncommitted pages, or there is no crash to survive";
+    }
+
+    static void report(const char* what, int points, int whole) {
+        std::cout << "[ kill points ] " << what << ": " << points << " tried, " << whole
+                  << " left everything whole\n";
+        ::testing::Test::RecordProperty(std::string(what) + "_kill_points", points);
+    }
+
+    QString committed;  // every row of db.daa before the crash
+};
+
+// The copy of the file's bytes would hold half a transaction; the backup holds the rows
+// that were committed and passes the check, and db.daa itself is whole again after it.
+TEST_F(CrashTest, ABackupAfterACrashHoldsTheLastCommittedRows) {
+    crashInsideATransaction();
+    QString reason;
+    ASSERT_TRUE(dbfile::backup(database.path(), work("na-crash.bu1"), QString(), &reason))
+        << reason.toStdString();
+    EXPECT_EQ(integrity(work("na-crash.bu1")), "ok");
+    EXPECT_EQ(dump(work("na-crash.bu1")), committed);
+    EXPECT_EQ(integrity(database.path()), "ok");
+    EXPECT_EQ(dump(database.path()), committed);
+    EXPECT_EQ(temporaryFiles(workFolder()), QStringList());
+}
+
+TEST_F(CrashTest, ARestoreOverAHotJournalNeverPlaysItIntoTheRestoredFile) {
+    ASSERT_TRUE(dbfile::backup(database.path(), work("eerder.bu1"), QString(), nullptr));
+    addCustomers(5000, 700, "Later");
+    closeSharedConnections();
+    const QString before = dump(database.path());
+    crashInsideATransaction();
+
+    QString reason;
+    ASSERT_TRUE(dbfile::restore(work("eerder.bu1"), database.path(), QString(), &reason))
+        << reason.toStdString();
+    EXPECT_FALSE(QFileInfo::exists(dbfile::journalName(database.path())));
+    EXPECT_EQ(integrity(database.path()), "ok");
+    EXPECT_EQ(dump(database.path()), committed);
+    EXPECT_EQ(dump(dbfile::previousName(database.path())), before);
+    EXPECT_EQ(temporaryFiles(database.folder()), QStringList());
+}
+
+// At every point (each write, sync and delete of SQLite, each step of publishing) a killed
+// backup leaves the earlier backup of the day or the new one, both whole, and db.daa whole.
+TEST_F(CrashTest, KilledAtEveryPointABackupLeavesTheOldOrTheNewBackupWhole) {
+    const QString target = work("backup.bu1");
+    ASSERT_TRUE(dbfile::backup(database.path(), target, QString(), nullptr));
+    const QByteArray earlier = readBytes(target);
+    addCustomers(9000, 300, "Nieuw");
+    closeSharedConnections();
+    committed = dump(database.path());
+    crashInsideATransaction();
+    const Snapshot crashed = Snapshot::of(database.path());
+
+    int points = 0, whole = 0;
+    for (;; ++points) {
+        crashed.restoreTo(database.path());
+        writeBytes(target, earlier);
+        const auto outcome = killpoints::runChild(
+            points, [&] { return dbfile::backup(database.path(), target, QString(), nullptr); });
+        if (!outcome.killed) {
+            EXPECT_EQ(outcome.exitCode, 0);
+            EXPECT_EQ(dump(target), committed);
+            break;
+        }
+        const QString backup = dump(target);
+        const bool ok = integrity(target) == "ok" &&
+                        (readBytes(target) == earlier || backup == committed) &&
+                        integrity(database.path()) == "ok" && dump(database.path()) == committed;
+        EXPECT_TRUE(ok) << "killed at point " << points;
+        whole += ok;
+        durable::removeLeftovers(workFolder());
+        EXPECT_EQ(temporaryFiles(workFolder()), QStringList()) << "killed at point " << points;
+    }
+    EXPECT_GT(points, 5);
+    report("backup", points, whole);
+}
+
+// A restore over a database with a hot journal, killed at every point: db.daa is the old
+// database (its committed rows) or the restored one, never a mix, and the journal never
+// outlives the old file.
+TEST_F(CrashTest, KilledAtEveryPointARestoreLeavesTheOldOrTheNewDatabaseWhole) {
+    const QString source = work("terug.bu1");
+    ASSERT_TRUE(dbfile::backup(database.path(), source, QString(), nullptr));
+    const QString restored = dump(source);
+    addCustomers(5000, 700, "Later");
+    closeSharedConnections();
+    committed = dump(database.path());
+    crashInsideATransaction();
+    const Snapshot crashed = Snapshot::of(database.path());
+
+    int points = 0, whole = 0;
+    for (;; ++points) {
+        QFile::remove(dbfile::previousName(database.path()));
+        crashed.restoreTo(database.path());
+        const auto outcome = killpoints::runChild(
+            points, [&] { return dbfile::restore(source, database.path(), QString(), nullptr); });
+        if (!outcome.killed) {
+            EXPECT_EQ(outcome.exitCode, 0);
+            EXPECT_EQ(dump(database.path()), restored);
+            EXPECT_EQ(dump(dbfile::previousName(database.path())), committed);
+            break;
+        }
+        // Opening it as the program does plays back a journal that is still there.
+        const bool ok = integrity(database.path()) == "ok" &&
+                        (dump(database.path()) == committed || dump(database.path()) == restored);
+        EXPECT_TRUE(ok) << "killed at point " << points << ": "
+                        << integrity(database.path()).toStdString();
+        whole += ok;
+        exchange::removeLeftovers();
+        EXPECT_EQ(temporaryFiles(database.folder()), QStringList()) << "killed at point " << points;
+    }
+    EXPECT_GT(points, 5);
+    report("restore", points, whole);
+}
+
+// An import killed at every write and sync: the rows stored are the file's first lines,
+// complete, and a backup made afterwards passes the check and holds them.
+TEST_F(CrashTest, KilledAtEveryPointAnImportKeepsWholeLinesAndABackupOfThem) {
+    database.exec("DELETE FROM Klant");
+    QByteArray lines;
+    for (int i = 1; i <= 2300; ++i)
+        lines += QByteArray::number(i) + ";Regel " + QByteArray::number(i) + ";" +
+                 QByteArray(40, 'f') + "\r\n";
+    writeBytes(work("import.txt"), lines);
+    closeSharedConnections();
+    const QByteArray empty = readBytes(database.path());
+
+    int points = 0, whole = 0;
+    for (;; ++points) {
+        writeBytes(database.path(), empty);
+        QFile::remove(dbfile::journalName(database.path()));
+        const auto outcome = killpoints::runChild(points, [&] {
+            try {
+                return clsXport().Mport("Klant", work("import.txt"));
+            } catch (const Error&) {
+                return false;
+            }
+        });
+        if (!outcome.killed) {
+            EXPECT_EQ(outcome.exitCode, 0);
+            EXPECT_EQ(database.scalar("SELECT count(*) FROM Klant"), 2300);
+            break;
+        }
+        const bool backedUp =
+            dbfile::backup(database.path(), work("na-import.bu1"), QString(), nullptr);
+        const int rows =
+            database.scalar("SELECT count(*) FROM Klant", work("na-import.bu1")).toInt();
+        // The rows are the file's lines 1 to rows, each complete.
+        const bool ok =
+            backedUp && integrity(work("na-import.bu1")) == "ok" &&
+            (rows == 0 ||
+             database.scalar("SELECT count(DISTINCT DebiteurNummer) = count(*) AND "
+                             "max(DebiteurNummer) = count(*) AND min(Bedrijfsnaam = 'Regel ' || "
+                             "DebiteurNummer AND length(Fax) = 40) FROM Klant",
+                             work("na-import.bu1"))
+                     .toInt() == 1);
+        EXPECT_TRUE(ok) << "killed at point " << points << ": " << rows << " rows";
+        whole += ok;
+    }
+    EXPECT_GT(points, 5);
+    report("import", points, whole);
+}
+
+// Only names of this program whose writer is gone are removed: a running writer's file
+// and the user's own files stay.
+TEST(Leftovers, OnlyTheTemporaryFilesOfEndedWritersAreRemoved) {
+    QTemporaryDir folder;
+    const pid_t ended = ::fork();
+    if (ended == 0)
+        ::_exit(0);
+    ::waitpid(ended, nullptr, 0);
+    const QString gone = QString::number(ended);
+    const QStringList names = {"db.daa~lindebrug-" + gone + "-1a2b.tmp",
+                               "15112026db.bu1~lindebrug-" + gone + "-ff.tmp-journal",
+                               "klant.csv~lindebrug-1-3c.tmp",
+                               "klant.csv",
+                               "eigen~lindebrug.tmp",
+                               "db.daa.vorige"};
+    for (const QString& name : names) writeBytes(folder.filePath(name), "x");
+    durable::removeLeftovers(folder.path());
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files, QDir::Name),
+              (QStringList{"db.daa.vorige", "eigen~lindebrug.tmp", "klant.csv",
+                           "klant.csv~lindebrug-1-3c.tmp"}));
+    EXPECT_TRUE(durable::isTemporaryName(durable::temporaryNameFor(folder.filePath("x.csv"))));
+}
+
+// One file of the bad-input corpus (or a file made by the test), what the import stores
+// as "DebiteurNummer|Bedrijfsnaam" rows, and the start of its reason when it fails.
+struct CorpusCase {
+    const char* file;
+    QStringList rows;
+    const char* failure;  // nullptr: the import succeeds
+};
+
+void PrintTo(const CorpusCase& corpus, std::ostream* out) {
+    *out << corpus.file;
+}
+
+class ImportCorpus : public ExchangeTest, public ::testing::WithParamInterface<CorpusCase> {
+protected:
+    QString pathOf(const QString& file) {
+        if (file.startsWith('/'))
+            return file;
+        if (file == "regel-van-10-MB.txt") {
+            writeBytes(work(file),
+                       "1;Alfa\r\n2;" + QByteArray(10 * 1024 * 1024, 'x') + "\r\n3;Gamma\r\n");
+            return work(file);
+        }
+        return TestDatabase::testData("import/" + file);
+    }
+};
+
+TEST_P(ImportCorpus, StoresTheRowsOfTextAndRefusesTheRestWithAReason) {
+    const CorpusCase& corpus = GetParam();
+    ui.filesToOpen.enqueue(pathOf(corpus.file));
+    const bool imported = exchange::importTable("Klant");
+    ASSERT_EQ(ui.messages.size(), 1);
+    if (corpus.failure) {
+        EXPECT_FALSE(imported);
+        EXPECT_EQ(ui.lastMessage().text, "Importeren vanuit bestand mislukt!");
+        EXPECT_TRUE(ui.lastMessage().details.startsWith(corpus.failure))
+            << ui.lastMessage().details.toStdString();
+    } else {
+        EXPECT_TRUE(imported) << ui.lastMessage().details.toStdString();
+        EXPECT_EQ(ui.lastMessage().text, "Importeren van Klant  gelukt");
+    }
+    QStringList rows;
+    const QVariantList numbers = column("Klant", "DebiteurNummer");
+    const QVariantList names = column("Klant", "Bedrijfsnaam");
+    for (int i = 0; i < numbers.size(); ++i)
+        rows.append(numbers[i].toString() + '|' + names[i].toString());
+    EXPECT_EQ(rows, corpus.rows);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    BadInput, ImportCorpus,
+    ::testing::Values(
+        CorpusCase{"cr-alleen.txt", {"1|Alfa", "2|Beta"}, nullptr},
+        CorpusCase{"gemengde-regeleinden.txt", {"1|Alfa", "2|Beta", "3|Gamma", "4|Delta"}, nullptr},
+        CorpusCase{"losse-cr-aan-het-eind.txt", {"1|Alfa", "2|Beta", "3|Gamma"}, nullptr},
+        CorpusCase{"ansi-met-lege-regels.txt", {"1|Crème brûlée", "|", "2|"}, nullptr},
+        CorpusCase{"utf8-met-bom.txt", {"1|Crème", "2|Zoë"}, nullptr},
+        CorpusCase{"nul-tekens.txt", {}, "Regel 1: het bestand bevat NUL-tekens"},
+        CorpusCase{"utf16.txt", {}, "Regel 1: het bestand is in UTF-16"},
+        CorpusCase{"binair.bin", {}, "Regel 1: het bestand bevat NUL-tekens"},
+        CorpusCase{"regel-van-10-MB.txt", {"1|Alfa"}, "Regel 2: de regel is langer dan 1 MB"},
+        CorpusCase{"/dev/zero", {}, "Regel 1: het bestand bevat NUL-tekens"}));
+
+}  // namespace
