@@ -40,12 +40,15 @@ bool AnsiLineReader::fill() {
 
 void AnsiLineReader::readEncoding() {
     started_ = true;
-    while (buffer_.size() < 3 && fill()) {
-    }
+    fill();
     if (buffer_.startsWith("\xFF\xFE") || buffer_.startsWith("\xFE\xFF"))
         refuse(
             QStringLiteral("het bestand is in UTF-16 opgeslagen; sla het op als ANSI- of "
                            "UTF-8-tekst"));
+    // A text file has no NUL byte; one in the first block marks a file that is no text, which
+    // is refused before any of its lines is stored.
+    if (buffer_.contains('\0'))
+        refuse(QStringLiteral("het bestand bevat NUL-tekens; het is geen tekstbestand"));
     if (buffer_.startsWith("\xEF\xBB\xBF")) {
         utf8_ = true;
         start_ = 3;

@@ -238,7 +238,7 @@ bool clsXport::exportTable(const QString& table, const QString& path) {
             return failed(durable::systemReason(QStringLiteral("Kan niet vastleggen"), path));
         return durable::publish(temporary, path, &failure_);
     } catch (const Error& error) {
-        return failed(error.description());
+        return failed(QString(error.description()).replace(temporary, path));
     }
 }
 

@@ -109,3 +109,61 @@ TEST_F(CliTest, WrongCallsAreExplainedAndHelpListsCommandsAndExitCodes) {
 }
 
 }  // namespace
+
+// On a small file system of its own (a tmpfs in a mount namespace), filled to the last
+// byte after a first backup: export, a second backup of the day and a restore report
+// failure with the reason, leave no file behind, and the first backup survives.
+TEST_F(CliTest, OnAFullDiskEveryCommandFailsAndLeavesNothingBehind) {
+    QProcess probe;
+    probe.start("unshare", {"-rm", "true"});
+    if (!probe.waitForFinished(60000) || probe.exitStatus() != QProcess::NormalExit ||
+        probe.exitCode() != 0)
+        GTEST_SKIP() << "this machine allows no mount namespace of our own (unshare -rm), so no "
+                        "small file system can be made for the test";
+    addRegisters();
+    closeSharedConnections();
+    QDir(workFolder()).mkdir("schijf");
+    const QString script = R"(
+        set -u
+        disk=$1; program=$disk/programma; out=$disk/uit
+        size=$(( $(stat -c %s "$2/lindebrug-cli") / 1024 + 1024 ))
+        mount -t tmpfs -o size=${size}k tmpfs "$disk" || exit 99
+        mkdir "$program" "$out"
+        cp "$2/lindebrug-cli" "$2/db.daa" "$program/"
+        "$program/lindebrug-cli" backup "$out" >/dev/null || exit 98
+        cp "$out"/*db.bu1 "$3/eerste.bu1"
+        dd if=/dev/zero of="$disk/vulling" bs=4096 2>/dev/null
+        "$program/lindebrug-cli" export klant "$out"; echo "export $?"
+        "$program/lindebrug-cli" --yes backup "$out"; echo "backup $?"
+        "$program/lindebrug-cli" restore "$3/eerste.bu1"; echo "restore $?"
+        cmp -s "$out"/*db.bu1 "$3/eerste.bu1" && echo "eerste backup heel"
+        cmp -s "$program/db.daa" "$2/db.daa" && echo "db.daa heel"
+        ls -A "$out" "$program"
+    )";
+    QProcess process;
+    process.setProcessChannelMode(QProcess::MergedChannels);
+    process.start("unshare", {"-rm", "sh", "-c", script, "sh", work("schijf"), database.folder(),
+                              workFolder()});
+    ASSERT_TRUE(process.waitForFinished(120000));
+    const QString printed = process.readAll();
+    ASSERT_EQ(process.exitCode(), 0) << printed.toStdString();
+    const QString backup = todaysBackup().section('/', -1);
+    const QString folder = work("schijf");
+    const QString expected =
+        "Export naar csv-bestand mislukt!\n"
+        "Kan niet schrijven naar bestand " +
+        folder +
+        "/uit/klant.csv (No space left on device)\n"
+        "export 1\n"
+        "Bestand bestaat! Overschrijven? Ja\nBackup niet gelukt!\nDe schijf is vol.\n"
+        "backup 1\n"
+        "Terugzetten van de backup mislukt; de database is niet vervangen.\n"
+        "Kan niet schrijven naar " +
+        folder +
+        "/programma/db.daa: de schijf is vol\n"
+        "restore 1\n"
+        "eerste backup heel\n"
+        "db.daa heel\n" +
+        folder + "/programma:\ndb.daa\nlindebrug-cli\n\n" + folder + "/uit:\n" + backup + "\n";
+    EXPECT_EQ(printed, expected);
+}
