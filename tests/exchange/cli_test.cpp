@@ -1,3 +1,6 @@
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <QProcess>
 
 #include "ExchangeFixture.h"
@@ -32,6 +35,12 @@ TEST_F(CliTest, EveryCommandInOneSession) {
     writeBytes(work("klanten.txt"), "7;Zeven BV\r\n8;Acht BV\r\n");
     writeBytes(work("fout.txt"), "9;Negen BV\r\ngeen getal;Fout BV\r\n");
     writeBytes(work("kapot.bu1"), QByteArray(4096, 'x'));
+    const pid_t ended = ::fork();
+    if (ended == 0)
+        ::_exit(0);
+    ::waitpid(ended, nullptr, 0);
+    const QString leftover = database.file("db.daa~lindebrug-" + QString::number(ended) + "-1.tmp");
+    writeBytes(leftover, "van een afgebroken restore");
     const QString folder = workFolder();
     const QString damaged = "Error 26 (Het bestand '" + database.path() +
                             "' kan niet als database worden geopend: file is not a database) in "
@@ -72,6 +81,7 @@ TEST_F(CliTest, EveryCommandInOneSession) {
             printed = printed.section('|', 0, 0) + '|';
         EXPECT_EQ(printed, result) << arguments.join(' ').toStdString();
     }
+    EXPECT_FALSE(QFile::exists(leftover)) << "removed when the program starts";
     EXPECT_EQ(readBytes(work("klant.csv")), testFile("klant.csv"));
     EXPECT_EQ(readBytes(database.path()), QByteArray(4096, 'x'));
     // The last backup holds the restored database: the two customers, without the imports;

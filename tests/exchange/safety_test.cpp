@@ -238,6 +238,44 @@ TEST_F(CrashTest, KilledAtEveryPointAnImportKeepsWholeLinesAndABackupOfThem) {
     report("import", points, whole);
 }
 
+// Another process commits one change of every customer after another (as a scheduled
+// import would), while backups are made: every backup is one committed state, whole.
+TEST_F(CrashTest, BackupsWhileAnotherProcessWritesAreEachOneCommittedState) {
+    const pid_t writer = ::fork();
+    if (writer == 0) {
+        sqlite3* db = nullptr;
+        sqlite3_open(database.path().toUtf8().constData(), &db);
+        sqlite3_busy_timeout(db, 10000);
+        for (int i = 1; i <= 300; ++i) {
+            const QByteArray sql = "UPDATE Klant SET Plaats = 'stand " + QByteArray::number(i) +
+                                   "', Adres = printf('%." + QByteArray::number(i % 90 + 1) +
+                                   "c', 'a')";
+            if (sqlite3_exec(db, sql.constData(), nullptr, nullptr, nullptr) != SQLITE_OK)
+                ::_exit(1);
+        }
+        ::_exit(0);
+    }
+    int backups = 0, whole = 0, status = 0;
+    for (bool writing = true; writing; ++backups) {
+        writing = ::waitpid(writer, &status, WNOHANG) == 0;
+        QString reason;
+        const bool made = dbfile::backup(database.path(), work("tijdens.bu1"), QString(), &reason);
+        const bool ok = made && integrity(work("tijdens.bu1")) == "ok" &&
+                        database.scalar(
+                                    "SELECT count(DISTINCT ifnull(Plaats, '')) = 1 AND "
+                                    "count(DISTINCT Adres) = 1 AND "
+                                    "count(*) = 1500 FROM Klant",
+                                    work("tijdens.bu1"))
+                                .toInt() == 1;
+        EXPECT_TRUE(ok) << "backup " << backups << ": " << reason.toStdString();
+        whole += ok;
+    }
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0)
+        << "the writer was never blocked out";
+    std::cout << "[ concurrent ] " << backups << " backups while another process wrote, " << whole
+              << " whole\n";
+}
+
 // Only names of this program whose writer is gone are removed: a running writer's file
 // and the user's own files stay.
 TEST(Leftovers, OnlyTheTemporaryFilesOfEndedWritersAreRemoved) {
