@@ -25,14 +25,6 @@ void tell(const QString& text, const QString& caption, ui::Icon icon, const QStr
     ui::service().message(message);
 }
 
-// What an error of the engine or of a file means to the user.
-QString reasonOf(const Error& error) {
-    if (error.source() == QLatin1String("SQLite") && (error.number() == 5 || error.number() == 6))
-        return QStringLiteral("De database is in gebruik door een ander programma (%1).")
-            .arg(error.description());
-    return error.description();
-}
-
 QString backupTarget(QString folder) {
     if (folder.endsWith(QLatin1Char('/')))
         folder.chop(1);
@@ -112,7 +104,7 @@ bool importTable(const QString& table) {
         if (!xport.Mport(table, path))
             reason = xport.failure();
     } catch (const Error& error) {
-        reason = reasonOf(error);
+        reason = failureText(error);
     }
     if (!reason.isEmpty()) {
         reportImportFailure(reason);

@@ -65,9 +65,20 @@ void rowTexts(const Recordset& set, QStringList& fields) {
     for (int i = 0; i < set.fieldCount(); ++i) fields.append(valueText(set.value(i)));
 }
 
+bool sharedConnectionOpen() {
+    return gConnectie && gConnectie->state() == Connection::Open;
+}
+
 Connection& sharedConnection() {
-    clsDatabase().MaakConnectie();
-    if (!gConnectie || gConnectie->state() != Connection::Open)
+    clsDatabase database;
+    database.MaakConnectie();
+    if (!sharedConnectionOpen()) {
+        // MaakConnectie has told the user; one more try hands the engine's own reason (a
+        // lock, a damaged file) to the caller, or finds the lock gone.
+        Connection().open(database.connectionString());
+        database.MaakConnectie();
+    }
+    if (!sharedConnectionOpen())
         throw Error(3704, QStringLiteral("clsXport"),
                     QStringLiteral("De verbinding met de database is niet open."));
     return *gConnectie;
@@ -174,6 +185,13 @@ void storeLine(Recordset& set, const QStringList& fields, qint64 lineNumber) {
 
 }  // namespace
 
+QString failureText(const Error& error) {
+    if (error.source() == QLatin1String("SQLite") && (error.number() == 5 || error.number() == 6))
+        return QStringLiteral("De database is in gebruik door een ander programma (%1).")
+            .arg(error.description());
+    return error.description();
+}
+
 bool clsXport::Xport(const QString& table, const QString& extension, QString& folder,
                      const QString& fileName) {
     failure_.clear();
@@ -238,7 +256,7 @@ bool clsXport::exportTable(const QString& table, const QString& path) {
             return failed(durable::systemReason(QStringLiteral("Kan niet vastleggen"), path));
         return durable::publish(temporary, path, &failure_);
     } catch (const Error& error) {
-        return failed(QString(error.description()).replace(temporary, path));
+        return failed(failureText(error).replace(temporary, path));
     }
 }
 

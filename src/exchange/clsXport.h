@@ -2,7 +2,11 @@
 
 #include <QString>
 
+class Error;
 class Recordset;
+
+// What an error of the engine or of a file means to the user, for the reason of a failure.
+QString failureText(const Error& error);
 
 // CSV export and import of the registers: ";"-separated text in the ANSI code page,
 // CR LF after every line, no quoting.

@@ -1,6 +1,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <QDir>
 #include <QProcess>
 
 #include "ExchangeFixture.h"
@@ -71,8 +72,8 @@ TEST_F(CliTest, EveryCommandInOneSession) {
         {{"restore", "--force", work("kapot.bu1")},
          "3 " + damaged + "|db.daa is geen bruikbare database: Het bestand is geen database.\n"},
         {{"import", "Klant", work("klanten.txt")},
-         "1 " + damaged +
-             "Importeren vanuit bestand mislukt!\n|De verbinding met de database is niet open.\n"},
+         "1 " + damaged + "Importeren vanuit bestand mislukt!\n|" +
+             damaged.section(" (", 1).section(") in", 0, 0) + "\n"},
     };
     for (const auto& [arguments, result] : steps) {
         QString printed = run(arguments);
@@ -93,6 +94,35 @@ TEST_F(CliTest, EveryCommandInOneSession) {
     QFile::remove(database.path());
     EXPECT_EQ(run({"backup", folder}),
               "1 Databasebestand ontbreekt\n|Er is geen db.daa in " + database.folder() + "\n");
+}
+
+// While another process holds the database locked, each command waits, fails, and names
+// the lock as its reason.
+TEST_F(CliTest, ALockOfAnotherProcessIsNamedAsTheReason) {
+    addRegisters();
+    writeBytes(work("klanten.txt"), "7;Zeven BV\r\n");
+    closeSharedConnections();
+    sqlite3* other = nullptr;
+    ASSERT_EQ(sqlite3_open(database.path().toUtf8().constData(), &other), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(other, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
+    const QString locked = "De database is in gebruik door een ander programma (Het bestand '" +
+                           database.path() +
+                           "' kan niet als database worden geopend: database is locked).\n";
+    const std::pair<QStringList, QString> commands[] = {
+        {{"import", "klant", work("klanten.txt")},
+         "Importeren vanuit bestand mislukt!\n|" + locked},
+        {{"export", "artikel", workFolder()}, "Export naar csv-bestand mislukt!\n|" + locked},
+        {{"backup", workFolder()},
+         "Backup niet gelukt!\n|De database is in gebruik door een ander programma.\n"},
+    };
+    for (const auto& [arguments, result] : commands) {
+        const QString printed = run(arguments);
+        EXPECT_TRUE(printed.startsWith("1 ")) << printed.toStdString();
+        EXPECT_TRUE(printed.endsWith(result)) << printed.toStdString();
+    }
+    sqlite3_exec(other, "ROLLBACK", nullptr, nullptr, nullptr);
+    sqlite3_close(other);
+    EXPECT_EQ(QDir(workFolder()).entryList(QDir::Files), QStringList{"klanten.txt"});
 }
 
 // Wrong calls exit with 2 and say why on standard error, before the help; the help and
