@@ -125,6 +125,47 @@ TEST_F(CliTest, ALockOfAnotherProcessIsNamedAsTheReason) {
     EXPECT_EQ(QDir(workFolder()).entryList(QDir::Files), QStringList{"klanten.txt"});
 }
 
+// restore takes only a database of the program: anything else is refused with exit 1 and
+// db.daa stays as it was. Forced, such a file replaces db.daa and the exit code, 3, says
+// that db.daa is not usable; the database it replaced waits as db.daa.vorige.
+TEST_F(CliTest, RestoreRefusesWhatIsNoDatabaseOfTheProgramUnlessForced) {
+    addRegisters();
+    closeSharedConnections();
+    const QString before = dump(database.path());
+    writeBytes(work("leeg.bu1"), "");
+    writeBytes(work("tekst.bu1"), "Dit is geen database.\n");
+    sqlite3* other = nullptr;
+    ASSERT_EQ(sqlite3_open(work("ander.bu1").toUtf8().constData(), &other), SQLITE_OK);
+    sqlite3_exec(other, "CREATE TABLE Adres (Naam TEXT); INSERT INTO Adres VALUES ('x')", nullptr,
+                 nullptr, nullptr);
+    sqlite3_close(other);
+    QByteArray cut = readBytes(database.path());
+    cut.truncate(cut.size() / 2);
+    writeBytes(work("afgebroken.bu1"), cut);
+    const std::pair<const char*, QString> refused[] = {
+        {"leeg.bu1", "Het bestand is leeg."},
+        {"tekst.bu1", "Het bestand is geen database."},
+        {"ander.bu1",
+         "De database mist de tabellen van Lindebrug: Artikel, ArtikelPerFactuur, "
+         "BTW, Factuur, Instellingen, Klant."},
+        {"afgebroken.bu1", "De database is beschadigd"},
+    };
+    for (const auto& [file, reason] : refused) {
+        const QString printed = run({"restore", work(file)});
+        EXPECT_TRUE(printed.startsWith("1 Het bestand " + work(file) +
+                                       " is geen backup van Lindebrug; de database is niet "
+                                       "vervangen.\n|" +
+                                       reason))
+            << printed.toStdString();
+        EXPECT_EQ(dump(database.path()), before) << file;
+    }
+    EXPECT_TRUE(run({"restore", "--force", work("ander.bu1")})
+                    .startsWith("3 |db.daa is geen bruikbare database: De database mist de "
+                                "tabellen van Lindebrug"));
+    EXPECT_EQ(dump(database.path()), dump(work("ander.bu1")));
+    EXPECT_EQ(dump(database.file("db.daa.vorige")), before);
+}
+
 // Wrong calls exit with 2 and say why on standard error, before the help; the help and
 // the version exit with 0.
 TEST_F(CliTest, WrongCallsAreExplainedAndHelpListsCommandsAndExitCodes) {
