@@ -8,6 +8,7 @@
 #include "ExchangeFixture.h"
 #include "KillPoints.h"
 #include "base/Error.h"
+#include "exchange/AnsiLineReader.h"
 #include "exchange/DatabaseFile.h"
 #include "exchange/DurableFile.h"
 #include "exchange/ExchangeRoutines.h"
@@ -297,6 +298,37 @@ TEST(Leftovers, OnlyTheTemporaryFilesOfEndedWritersAreRemoved) {
               (QStringList{"db.daa.vorige", "eigen~lindebrug.tmp", "klant.csv",
                            "klant.csv~lindebrug-1-3c.tmp"}));
     EXPECT_TRUE(durable::isTemporaryName(durable::temporaryNameFor(folder.filePath("x.csv"))));
+}
+
+// The reader takes the file in blocks of 1 MB; a line end whose CR is the last byte of a
+// block is one line end with the LF that opens the next block, and a lone CR there ends a
+// line all the same.
+TEST(LineReader, ALineEndAcrossTwoBlocksIsOneLineEnd) {
+    for (const QByteArray& end : {QByteArray("\r\n"), QByteArray("\r")}) {
+        SCOPED_TRACE(end == "\r" ? "CR" : "CR LF");
+        QTemporaryDir folder;
+        const int block = 1024 * 1024, step = 3 + end.size();
+        QByteArray text = "1;" + QByteArray((block - 3) % step, 'A') + end;
+        const int lines = (block - 1 + end.size() - text.size()) / step;
+        for (int i = 0; i < lines; ++i) text += "1;A" + end;
+        ASSERT_EQ(text.size() - end.size(), block - 1) << "the last CR ends the block";
+        text += "2;B";
+        writeBytes(folder.filePath("regels.txt"), text);
+        QFile file(folder.filePath("regels.txt"));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        AnsiLineReader reader(file);
+        QString line, last;
+        int count = 0, empty = 0;
+        while (reader.readLine(line)) {
+            ++count;
+            empty += line.isEmpty();
+            last = line;
+        }
+        EXPECT_EQ(count, lines + 2);
+        EXPECT_EQ(empty, 0);
+        EXPECT_EQ(last, "2;B");
+        EXPECT_EQ(reader.position(), text.size());
+    }
 }
 
 // One file of the bad-input corpus (or a file made by the test), what the import stores
