@@ -96,10 +96,6 @@ QString temporaryNameFor(const QString& target) {
     return info.dir().filePath(name);
 }
 
-bool isTemporaryName(const QString& fileName) {
-    return writerOf(fileName) != 0;
-}
-
 void removeLeftovers(const QString& folder) {
     const QDir dir(folder);
     const QStringList names = dir.entryList({QStringLiteral("*") + kMarker + QStringLiteral("*")},

@@ -16,9 +16,9 @@ namespace durable {
 
 // A fresh temporary name in the folder of target, for this process.
 QString temporaryNameFor(const QString& target);
-bool isTemporaryName(const QString& fileName);
 // Removes the temporary files in folder whose writer no longer runs (SQLite's journals
-// of them included).
+// of them included). Names of this process count as left by an earlier one: it is called
+// before this process writes any.
 void removeLeftovers(const QString& folder);
 
 // Forces what was written to path, or the entries of a folder, to the disk.

@@ -293,11 +293,11 @@ TEST(Leftovers, OnlyTheTemporaryFilesOfEndedWritersAreRemoved) {
                                "eigen~lindebrug.tmp",
                                "db.daa.vorige"};
     for (const QString& name : names) writeBytes(folder.filePath(name), "x");
+    writeBytes(durable::temporaryNameFor(folder.filePath("FactArt.csv")), "van een eerdere start");
     durable::removeLeftovers(folder.path());
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files, QDir::Name),
               (QStringList{"db.daa.vorige", "eigen~lindebrug.tmp", "klant.csv",
                            "klant.csv~lindebrug-1-3c.tmp"}));
-    EXPECT_TRUE(durable::isTemporaryName(durable::temporaryNameFor(folder.filePath("x.csv"))));
 }
 
 // The reader takes the file in blocks of 1 MB; a line end whose CR is the last byte of a
