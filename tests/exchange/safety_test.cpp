@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <QDir>
+#include <functional>
 #include <iostream>
 
 #include "ExchangeFixture.h"
@@ -77,10 +78,28 @@ protected:
             << "the file alone must hold uncommitted pages, or there is no crash to survive";
     }
 
-    static void report(const char* what, int points, int whole) {
-        std::cout << "[ kill points ] " << what << ": " << points << " tried, " << whole
+    // Kills work at its point 0, 1, 2, ... until it runs to its end, and then it must have
+    // succeeded. Before every try prepare() puts the files in place; after every kill
+    // whole() must hold.
+    static void atEveryKillPoint(const char* what, const std::function<void()>& prepare,
+                                 const std::function<bool()>& work,
+                                 const std::function<bool()>& whole) {
+        int points = 0, intact = 0;
+        for (;; ++points) {
+            prepare();
+            const auto outcome = killpoints::runChild(points, work);
+            if (!outcome.killed) {
+                EXPECT_EQ(outcome.exitCode, 0) << what << " ran to its end";
+                break;
+            }
+            const bool ok = whole();
+            EXPECT_TRUE(ok) << what << " killed at point " << points;
+            intact += ok;
+        }
+        EXPECT_GT(points, 5);
+        std::cout << "[ kill points ] " << what << ": " << points << " tried, " << intact
                   << " left everything whole\n";
-        ::testing::Test::RecordProperty(std::string(what) + "_kill_points", points);
+        RecordProperty(std::string(what) + "_kill_points", points);
     }
 
     QString committed;  // every row of db.daa before the crash
@@ -129,28 +148,21 @@ TEST_F(CrashTest, KilledAtEveryPointABackupLeavesTheOldOrTheNewBackupWhole) {
     crashInsideATransaction();
     const Snapshot crashed = Snapshot::of(database.path());
 
-    int points = 0, whole = 0;
-    for (;; ++points) {
-        crashed.restoreTo(database.path());
-        writeBytes(target, earlier);
-        const auto outcome = killpoints::runChild(
-            points, [&] { return dbfile::backup(database.path(), target, QString(), nullptr); });
-        if (!outcome.killed) {
-            EXPECT_EQ(outcome.exitCode, 0);
-            EXPECT_EQ(dump(target), committed);
-            break;
-        }
-        const QString backup = dump(target);
-        const bool ok = integrity(target) == "ok" &&
-                        (readBytes(target) == earlier || backup == committed) &&
-                        integrity(database.path()) == "ok" && dump(database.path()) == committed;
-        EXPECT_TRUE(ok) << "killed at point " << points;
-        whole += ok;
-        durable::removeLeftovers(workFolder());
-        EXPECT_EQ(temporaryFiles(workFolder()), QStringList()) << "killed at point " << points;
-    }
-    EXPECT_GT(points, 5);
-    report("backup", points, whole);
+    atEveryKillPoint(
+        "backup",
+        [&] {
+            crashed.restoreTo(database.path());
+            writeBytes(target, earlier);
+        },
+        [&] { return dbfile::backup(database.path(), target, QString(), nullptr); },
+        [&] {
+            durable::removeLeftovers(workFolder());
+            return integrity(target) == "ok" &&
+                   (readBytes(target) == earlier || dump(target) == committed) &&
+                   integrity(database.path()) == "ok" && dump(database.path()) == committed &&
+                   temporaryFiles(workFolder()).isEmpty();
+        });
+    EXPECT_EQ(dump(target), committed);
 }
 
 // A restore over a database with a hot journal, killed at every point: db.daa is the old
@@ -166,29 +178,22 @@ TEST_F(CrashTest, KilledAtEveryPointARestoreLeavesTheOldOrTheNewDatabaseWhole) {
     crashInsideATransaction();
     const Snapshot crashed = Snapshot::of(database.path());
 
-    int points = 0, whole = 0;
-    for (;; ++points) {
-        QFile::remove(dbfile::previousName(database.path()));
-        crashed.restoreTo(database.path());
-        const auto outcome = killpoints::runChild(
-            points, [&] { return dbfile::restore(source, database.path(), QString(), nullptr); });
-        if (!outcome.killed) {
-            EXPECT_EQ(outcome.exitCode, 0);
-            EXPECT_EQ(dump(database.path()), restored);
-            EXPECT_EQ(dump(dbfile::previousName(database.path())), committed);
-            break;
-        }
-        // Opening it as the program does plays back a journal that is still there.
-        const bool ok = integrity(database.path()) == "ok" &&
-                        (dump(database.path()) == committed || dump(database.path()) == restored);
-        EXPECT_TRUE(ok) << "killed at point " << points << ": "
-                        << integrity(database.path()).toStdString();
-        whole += ok;
-        exchange::removeLeftovers();
-        EXPECT_EQ(temporaryFiles(database.folder()), QStringList()) << "killed at point " << points;
-    }
-    EXPECT_GT(points, 5);
-    report("restore", points, whole);
+    atEveryKillPoint(
+        "restore",
+        [&] {
+            QFile::remove(dbfile::previousName(database.path()));
+            crashed.restoreTo(database.path());
+        },
+        [&] { return dbfile::restore(source, database.path(), QString(), nullptr); },
+        [&] {
+            // Opening it as the program does plays back a journal that is still there.
+            exchange::removeLeftovers();
+            return integrity(database.path()) == "ok" &&
+                   (dump(database.path()) == committed || dump(database.path()) == restored) &&
+                   temporaryFiles(database.folder()).isEmpty();
+        });
+    EXPECT_EQ(dump(database.path()), restored);
+    EXPECT_EQ(dump(dbfile::previousName(database.path())), committed);
 }
 
 // An import killed at every write and sync: the rows stored are the file's first lines,
@@ -203,40 +208,33 @@ TEST_F(CrashTest, KilledAtEveryPointAnImportKeepsWholeLinesAndABackupOfThem) {
     closeSharedConnections();
     const QByteArray empty = readBytes(database.path());
 
-    int points = 0, whole = 0;
-    for (;; ++points) {
-        writeBytes(database.path(), empty);
-        QFile::remove(dbfile::journalName(database.path()));
-        const auto outcome = killpoints::runChild(points, [&] {
+    atEveryKillPoint(
+        "import",
+        [&] {
+            writeBytes(database.path(), empty);
+            QFile::remove(dbfile::journalName(database.path()));
+        },
+        [&] {
             try {
                 return clsXport().Mport("Klant", work("import.txt"));
             } catch (const Error&) {
                 return false;
             }
+        },
+        [&] {
+            const QString backup = work("na-import.bu1");
+            // The rows are the file's lines 1 to their number, each complete.
+            return dbfile::backup(database.path(), backup, QString(), nullptr) &&
+                   integrity(backup) == "ok" &&
+                   database.scalar(
+                               "SELECT count(*) = 0 OR (count(DISTINCT DebiteurNummer) = "
+                               "count(*) AND max(DebiteurNummer) = count(*) AND "
+                               "min(Bedrijfsnaam = 'Regel ' || DebiteurNummer AND "
+                               "length(Fax) = 40)) FROM Klant",
+                               backup)
+                           .toInt() == 1;
         });
-        if (!outcome.killed) {
-            EXPECT_EQ(outcome.exitCode, 0);
-            EXPECT_EQ(database.scalar("SELECT count(*) FROM Klant"), 2300);
-            break;
-        }
-        const bool backedUp =
-            dbfile::backup(database.path(), work("na-import.bu1"), QString(), nullptr);
-        const int rows =
-            database.scalar("SELECT count(*) FROM Klant", work("na-import.bu1")).toInt();
-        // The rows are the file's lines 1 to rows, each complete.
-        const bool ok =
-            backedUp && integrity(work("na-import.bu1")) == "ok" &&
-            (rows == 0 ||
-             database.scalar("SELECT count(DISTINCT DebiteurNummer) = count(*) AND "
-                             "max(DebiteurNummer) = count(*) AND min(Bedrijfsnaam = 'Regel ' || "
-                             "DebiteurNummer AND length(Fax) = 40) FROM Klant",
-                             work("na-import.bu1"))
-                     .toInt() == 1);
-        EXPECT_TRUE(ok) << "killed at point " << points << ": " << rows << " rows";
-        whole += ok;
-    }
-    EXPECT_GT(points, 5);
-    report("import", points, whole);
+    EXPECT_EQ(database.scalar("SELECT count(*) FROM Klant"), 2300);
 }
 
 // Another process commits one change of every customer after another (as a scheduled
