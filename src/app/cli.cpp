@@ -1,36 +1,112 @@
 // lindebrug-cli: the data-exchange entries of the program's menu from a terminal, on the
 // database in the program folder. The routines are the program's own; only the way they
-// ask and tell is the terminal's.
+// ask and tell is the terminal's: messages on standard output, and on standard error the
+// reason of a failure, so that a scheduled job's log says what went wrong.
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QStringList>
 #include <QTextStream>
-#include <cstdio>
 
+#include "base/ProgramFolder.h"
 #include "base/UiService.h"
+#include "exchange/DatabaseFile.h"
 #include "exchange/ExchangeRoutines.h"
+#include "store/clsDatabase.h"
 #include "store/clsObjAppInstellingen.h"
 
 namespace {
 
-const char* const kUsage =
-    "Gebruik: lindebrug-cli [--yes] OPDRACHT\n"
-    "\n"
-    "Opdrachten (op de database db.daa in de map van het programma):\n"
-    "  export klant|artikel|FactArt MAP   register of factuuroverzicht naar MAP/<naam>.csv\n"
-    "  import Klant|Artikel BESTAND       regels van BESTAND toevoegen aan de tabel\n"
-    "  backup MAP                         db.daa kopieren naar MAP/<ddmmjjjj>db.bu1\n"
-    "  restore BESTAND                    db.daa vervangen door de backup BESTAND\n"
-    "  --help                             deze uitleg\n"
-    "\n"
-    "Een vraag (bijvoorbeeld of een bestaand bestand overschreven mag worden) wordt met\n"
-    "--yes met Ja beantwoord, anders met Nee. De exitcode is 0 alleen als de opdracht\n"
-    "gelukt is.\n";
+enum ExitCode { Succeeded = 0, Failed = 1, WrongUse = 2, DatabaseUnusable = 3 };
+
+struct Invocation {
+    QString subject;  // the register or table, in the program's own spelling
+    QString path;     // absolute
+    bool force = false;
+};
+
+// One command of the tool: its help line, what it takes and what it runs.
+struct Command {
+    const char* name;
+    const char* arguments;    // as the help shows them
+    const char* description;  // the help's explanation (UTF-8)
+    QStringList subjects;     // the registers it takes (any letter case); none: it takes none
+    bool takesFolder;         // the path is a folder (else a file)
+    bool needsDatabase;
+    bool (*run)(const Invocation&);
+};
+
+const Command kCommands[] = {
+    {"export",
+     "klant|artikel|FactArt MAP",
+     "register of factuuroverzicht naar MAP/<naam>.csv",
+     {QStringLiteral("klant"), QStringLiteral("artikel"), QStringLiteral("FactArt")},
+     true,
+     true,
+     [](const Invocation& call) { return exchange::exportRegister(call.subject, "csv"); }},
+    {"import",
+     "Klant|Artikel BESTAND",
+     "regels van BESTAND toevoegen aan de tabel",
+     {QStringLiteral("Klant"), QStringLiteral("Artikel")},
+     false,
+     true,
+     [](const Invocation& call) { return exchange::importTable(call.subject); }},
+    {"backup",
+     "MAP",
+     "db.daa kopiëren naar MAP/<ddmmjjjj>db.bu1",
+     {},
+     true,
+     true,
+     [](const Invocation&) { return exchange::backup(); }},
+    {"restore",
+     "BESTAND",
+     "db.daa vervangen door de backup BESTAND (de vervangen database blijft als "
+     "db.daa.vorige)",
+     {},
+     false,
+     false,
+     [](const Invocation& call) {
+         return exchange::restore(call.force ? exchange::RestoreCheck::None
+                                             : exchange::RestoreCheck::ProgramDatabaseOnly);
+     }},
+};
+
+QString usage() {
+    QString text = QStringLiteral(
+        "Gebruik: lindebrug-cli [--yes] [--force] OPDRACHT\n"
+        "\n"
+        "Opdrachten (op de database db.daa in de map van het programma):\n");
+    for (const Command& command : kCommands)
+        text += QStringLiteral("  %1 %2\n      %3\n")
+                    .arg(QLatin1String(command.name), QLatin1String(command.arguments),
+                         QString::fromUtf8(command.description));
+    return text + QStringLiteral(
+                      "  --help      deze uitleg\n"
+                      "  --version   de versie van het programma\n"
+                      "\n"
+                      "Een vraag (bijvoorbeeld of een bestaand bestand overschreven mag worden) "
+                      "wordt met\n"
+                      "--yes met Ja beantwoord, anders met Nee. De naam van een register mag in "
+                      "kleine\n"
+                      "of hoofdletters. restore zet alleen een database van Lindebrug terug, "
+                      "tenzij\n"
+                      "--force gegeven is.\n"
+                      "\n"
+                      "Exitcodes:\n"
+                      "  0  de opdracht is gelukt\n"
+                      "  1  de opdracht is mislukt; de reden staat op de standaardfoutuitvoer\n"
+                      "  2  verkeerde aanroep: onbekende opdracht, tabel of aantal argumenten\n"
+                      "  3  db.daa is na de opdracht geen bruikbare database van Lindebrug\n");
+}
 
 QTextStream& out() {
     static QTextStream stream(stdout);
+    return stream;
+}
+
+QTextStream& err() {
+    static QTextStream stream(stderr);
     return stream;
 }
 
@@ -44,12 +120,15 @@ public:
         QString text = message.text;
         text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
         out() << text;
-        if (message.buttons != ui::Buttons::YesNo && message.buttons != ui::Buttons::YesNoCancel) {
-            out() << '\n' << Qt::flush;
-            return ui::Answer::Ok;
+        ui::Answer answer = ui::Answer::Ok;
+        if (message.buttons == ui::Buttons::YesNo || message.buttons == ui::Buttons::YesNoCancel) {
+            out() << (yes_ ? " Ja" : " Nee");
+            answer = yes_ ? ui::Answer::Yes : ui::Answer::No;
         }
-        out() << (yes_ ? " Ja\n" : " Nee\n") << Qt::flush;
-        return yes_ ? ui::Answer::Yes : ui::Answer::No;
+        out() << '\n' << Qt::flush;
+        if (!message.details.isEmpty())
+            err() << message.details << '\n' << Qt::flush;
+        return answer;
     }
     QString openFile(const QString&, const QString&, const QString&) override { return path_; }
     QString chooseFolder(const QString&) override { return path_; }
@@ -66,34 +145,52 @@ private:
     bool yes_;
 };
 
-struct Command {
-    QString name;
-    QString subject;  // the register or table of export and import
-    QString path;
-};
-
 int usageError(const QString& problem) {
-    QTextStream(stderr) << problem << "\n\n" << kUsage;
-    return 2;
+    err() << problem << "\n\n" << usage() << Qt::flush;
+    return WrongUse;
+}
+
+const Command* findCommand(const QString& name) {
+    for (const Command& command : kCommands) {
+        if (name == QLatin1String(command.name))
+            return &command;
+    }
+    return nullptr;
+}
+
+// The register as the program spells it, whatever the letter case typed; empty if unknown.
+QString registerName(const Command& command, const QString& typed) {
+    for (const QString& subject : command.subjects) {
+        if (subject.compare(typed, Qt::CaseInsensitive) == 0)
+            return subject;
+    }
+    return QString();
 }
 
 bool databasePresent() {
     if (clsObjAppInstellingen().DatabaseNietOpAlleenLezen())
         return true;
-    ui::message(QStringLiteral("Databasebestand ontbreekt"), QString(), ui::Icon::Critical);
+    ui::Message missing{QStringLiteral("Databasebestand ontbreekt"), QString(), ui::Icon::Critical};
+    missing.details =
+        QStringLiteral("Er is geen db.daa in ") + QDir::toNativeSeparators(ProgramFolder::path());
+    ui::service().message(missing);
     return false;
 }
 
-bool run(const Command& command) {
-    if (command.name == QLatin1String("restore"))
-        return exchange::restore();
-    if (!databasePresent())
-        return false;
-    if (command.name == QLatin1String("backup"))
-        return exchange::backup();
-    if (command.name == QLatin1String("export"))
-        return exchange::exportRegister(command.subject, QStringLiteral("csv"));
-    return exchange::importTable(command.subject);
+int run(const Command& command, const Invocation& call) {
+    exchange::removeLeftovers();
+    if (command.needsDatabase && !databasePresent())
+        return Failed;
+    const bool succeeded = command.run(call);
+    if (qstrcmp(command.name, "restore") == 0) {
+        closeSharedConnections();
+        QString reason;
+        if (!dbfile::isProgramDatabase(clsDatabase::DatabasePath(), &reason)) {
+            err() << "db.daa is geen bruikbare database: " << reason << '\n' << Qt::flush;
+            return DatabaseUnusable;
+        }
+    }
+    return succeeded ? Succeeded : Failed;
 }
 
 }  // namespace
@@ -103,41 +200,39 @@ int main(int argc, char* argv[]) {
     QCoreApplication::setApplicationName(QStringLiteral("lindebrug-cli"));
     QStringList arguments = QCoreApplication::arguments().mid(1);
     if (arguments.contains(QStringLiteral("--help")) || arguments.contains(QStringLiteral("-h"))) {
-        out() << kUsage << Qt::flush;
-        return 0;
+        out() << usage() << Qt::flush;
+        return Succeeded;
     }
+    if (arguments.contains(QStringLiteral("--version"))) {
+        out() << "lindebrug-cli " << LINDEBRUG_VERSION << '\n' << Qt::flush;
+        return Succeeded;
+    }
+    Invocation call;
     const bool yes = arguments.removeAll(QStringLiteral("--yes")) > 0;
+    call.force = arguments.removeAll(QStringLiteral("--force")) > 0;
     if (arguments.isEmpty())
         return usageError(QStringLiteral("Geen opdracht gegeven."));
 
-    Command command{arguments.takeFirst(), QString(), QString()};
-    const bool withSubject =
-        command.name == QLatin1String("export") || command.name == QLatin1String("import");
-    const bool known = withSubject || command.name == QLatin1String("backup") ||
-                       command.name == QLatin1String("restore");
-    if (!known)
-        return usageError(QStringLiteral("Onbekende opdracht: ") + command.name);
+    const QString name = arguments.takeFirst();
+    const Command* command = findCommand(name);
+    if (!command)
+        return usageError(QStringLiteral("Onbekende opdracht: ") + name);
+    const bool withSubject = !command->subjects.isEmpty();
     if (arguments.size() != (withSubject ? 2 : 1))
-        return usageError(QStringLiteral("Verkeerd aantal argumenten voor ") + command.name + '.');
+        return usageError(QStringLiteral("Verkeerd aantal argumenten voor ") + name + '.');
     if (withSubject) {
-        command.subject = arguments.takeFirst();
-        const QStringList allowed =
-            command.name == QLatin1String("export")
-                ? QStringList{QStringLiteral("klant"), QStringLiteral("artikel"),
-                              QStringLiteral("FactArt")}
-                : QStringList{QStringLiteral("Klant"), QStringLiteral("Artikel")};
-        if (!allowed.contains(command.subject))
-            return usageError(QStringLiteral("Onbekende tabel voor ") + command.name + ": " +
-                              command.subject);
+        call.subject = registerName(*command, arguments.first());
+        if (call.subject.isEmpty())
+            return usageError(QStringLiteral("Onbekende tabel voor ") + name + ": " +
+                              arguments.first());
+        arguments.removeFirst();
     }
-    const bool takesFolder =
-        command.name == QLatin1String("export") || command.name == QLatin1String("backup");
-    command.path = takesFolder ? QDir(arguments.first()).absolutePath()
-                               : QFileInfo(arguments.first()).absoluteFilePath();
+    call.path = command->takesFolder ? QDir(arguments.first()).absolutePath()
+                                     : QFileInfo(arguments.first()).absoluteFilePath();
 
-    TerminalService terminal(command.path, yes);
+    TerminalService terminal(call.path, yes);
     ui::install(&terminal);
-    const bool succeeded = run(command);
+    const int code = run(*command, call);
     ui::install(nullptr);
-    return succeeded ? 0 : 1;
+    return code;
 }

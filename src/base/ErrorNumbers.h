@@ -26,6 +26,7 @@ struct ErrorNumbers {
         InvalidOperation = 3219,
         NotUpdatable = 3251,
         ItemNotFound = 3265,
+        NotInExpectedFormat = 3274,
         TableNotFound = 3376,
         ConnectionClosed = 3704,
         ConnectionAlreadyOpen = 3705,

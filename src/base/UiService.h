@@ -25,6 +25,9 @@ struct Message {
     Icon icon = Icon::None;
     Buttons buttons = Buttons::Ok;
     Answer defaultButton = Answer::Ok;
+    // Why something failed, in words, for a log (lindebrug-cli prints it on standard
+    // error); the message boxes of the window keep their own texts and do not show it.
+    QString details = QString();
 };
 
 // Progress of a long piece of work. Keeps the window alive while it is shown.

@@ -29,6 +29,7 @@ MainWindowController::~MainWindowController() {
 
 bool MainWindowController::startUp() {
     registerMainWindow(&view_);
+    exchange::removeLeftovers();
 
     clsObjAppInstellingen database;
     if (!database.DatabaseNietOpAlleenLezen()) {

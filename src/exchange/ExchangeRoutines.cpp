@@ -8,7 +8,8 @@
 #include "base/Paths.h"
 #include "base/ProgramFolder.h"
 #include "base/UiService.h"
-#include "exchange/FileCopy.h"
+#include "exchange/DatabaseFile.h"
+#include "exchange/DurableFile.h"
 #include "exchange/clsFileSys.h"
 #include "exchange/clsXport.h"
 #include "store/Recordset.h"
@@ -17,39 +18,35 @@
 namespace exchange {
 namespace {
 
+void tell(const QString& text, const QString& caption, ui::Icon icon, const QString& details) {
+    ui::Message message{text, caption, icon};
+    message.details = details;
+    ui::service().message(message);
+}
+
 QString backupTarget(const QString& folder) {
     return paths::withSeparator(folder) +
            QDate::currentDate().toString(QStringLiteral("ddMMyyyy")) + QStringLiteral("db.bu1");
 }
 
-// False when the user keeps the existing backup.
-bool makeRoomFor(const QString& target) {
-    clsFileSys files;
-    if (!files.FileExists(target))
+// False when the user keeps the existing backup. On Ja the old backup stays until the new
+// one is whole: a backup that fails (a full disk) must not cost the user the one he had.
+bool mayReplace(const QString& target) {
+    if (!clsFileSys().FileExists(target))
         return true;
-    if (ui::message(QStringLiteral("Bestand bestaat! Overschrijven?"), ui::kProgramCaption,
-                    ui::Icon::None, ui::Buttons::YesNo, ui::Answer::Yes) != ui::Answer::Yes)
-        return false;
-    if (!files.DeleteFile(target))
-        throw Error(Error::PathFileAccess, QStringLiteral("backup"),
-                    QStringLiteral("Het bestand %1 kan niet worden verwijderd.").arg(target));
-    return true;
+    return ui::message(QStringLiteral("Bestand bestaat! Overschrijven?"), ui::kProgramCaption, ui::Icon::None,
+                       ui::Buttons::YesNo, ui::Answer::Yes) == ui::Answer::Yes;
 }
 
 bool copyDatabaseTo(const QString& target) {
-    if (!makeRoomFor(target))
+    if (!mayReplace(target))
         return false;
-    filecopy::copyReplacing(clsDatabase::DatabasePath(), target, QStringLiteral("Backup maken"));
-    const bool made = clsFileSys().FileExists(target);
-    ui::message(made ? QStringLiteral("Backup gelukt!") : QStringLiteral("Backup niet gelukt!"),
-                ui::kProgramCaption, ui::Icon::Information);
+    QString reason;
+    const bool made = dbfile::backup(clsDatabase::DatabasePath(), target,
+                                     QStringLiteral("Backup maken"), &reason);
+    tell(made ? QStringLiteral("Backup gelukt!") : QStringLiteral("Backup niet gelukt!"), ui::kProgramCaption,
+         ui::Icon::Information, reason);
     return made;
-}
-
-// A journal left beside db.daa by an interrupted write belongs to the old file; the engine
-// would play it back into the restored one.
-void removeStaleJournal(const QString& database) {
-    QFile::remove(database + QStringLiteral("-journal"));
 }
 
 }  // namespace
@@ -82,14 +79,14 @@ bool exportRegister(const QString& baseName, const QString& extension) {
                     QStringLiteral("Export gelukt"), ui::Icon::Information);
         return true;
     }
-    ui::message(QStringLiteral("Export naar csv-bestand mislukt!"),
-                QStringLiteral("Export mislukt"), ui::Icon::Information);
+    tell(QStringLiteral("Export naar csv-bestand mislukt!"), QStringLiteral("Export mislukt"),
+         ui::Icon::Information, xport.failure());
     return false;
 }
 
-void reportImportFailure() {
-    ui::message(QStringLiteral("Importeren vanuit bestand mislukt!"),
-                QStringLiteral("Importeren mislukt"), ui::Icon::Information);
+void reportImportFailure(const QString& reason) {
+    tell(QStringLiteral("Importeren vanuit bestand mislukt!"), QStringLiteral("Importeren mislukt"),
+         ui::Icon::Information, reason);
 }
 
 bool importTable(const QString& table) {
@@ -98,14 +95,16 @@ bool importTable(const QString& table) {
         QStringLiteral("tekstbestanden|*.txt|csv-bestanden|*.csv"), ProgramFolder::path());
     if (path.isEmpty())
         return false;
-    bool imported = false;
+    clsXport xport;
+    QString reason;
     try {
-        imported = clsXport().Mport(table, path);
-    } catch (const Error&) {
-        imported = false;
+        if (!xport.Mport(table, path))
+            reason = xport.failure();
+    } catch (const Error& error) {
+        reason = failureText(error);
     }
-    if (!imported) {
-        reportImportFailure();
+    if (!reason.isEmpty()) {
+        reportImportFailure(reason);
         return false;
     }
     ui::message(QStringLiteral("Importeren van ") + table + QStringLiteral("  gelukt"),
@@ -147,17 +146,29 @@ bool backup() {
     }
 }
 
-bool restore() {
+void removeLeftovers() {
+    durable::removeLeftovers(ProgramFolder::path());
+}
+
+bool restore(RestoreCheck check) {
     const QString source = ui::service().openFile(QStringLiteral("Kies backup bestand"),
                                                   QStringLiteral("bu1-bestanden|*.bu1"), QString());
     if (source.isEmpty())
         return false;
+    QString reason;
+    if (check == RestoreCheck::ProgramDatabaseOnly && !dbfile::isProgramDatabase(source, &reason)) {
+        tell(QStringLiteral("Het bestand ") + source +
+                 QStringLiteral(" is geen backup van Lindebrug; de database is niet vervangen."),
+             ui::kProgramCaption, ui::Icon::Critical, reason);
+        return false;
+    }
     const QString database = clsDatabase::DatabasePath();
     closeSharedConnections();
     const bool restored =
-        filecopy::copyReplacing(source, database, QStringLiteral("Backup terugzetten"));
-    if (restored)
-        removeStaleJournal(database);
+        dbfile::restore(source, database, QStringLiteral("Backup terugzetten"), &reason);
+    if (!restored && check == RestoreCheck::ProgramDatabaseOnly)
+        tell(QStringLiteral("Terugzetten van de backup mislukt; de database is niet vervangen."),
+             ui::kProgramCaption, ui::Icon::Critical, reason);
     // Open it again straight away, so that every screen reads the restored data; a file
     // that is not a database is reported here by the connection.
     clsDatabase().MaakConnectie();

@@ -2,11 +2,10 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QTemporaryFile>
-#include <filesystem>
 #include <memory>
 
 #include "base/UiService.h"
+#include "exchange/DurableFile.h"
 
 #ifdef Q_OS_UNIX
 #include <unistd.h>
@@ -59,10 +58,6 @@ QFileDevice::Permissions permissionsFor(const QString& target) {
            QFileDevice::ReadOther;
 }
 
-std::filesystem::path localPath(const QString& path) {
-    return std::filesystem::path(QFile::encodeName(path).toStdString());
-}
-
 bool copyContents(QFile& source, QFile& target, ui::Progress* progress) {
     QByteArray buffer;
     qint64 copied = 0;
@@ -83,26 +78,43 @@ bool copyContents(QFile& source, QFile& target, ui::Progress* progress) {
 
 }  // namespace
 
-bool copyReplacing(const QString& source, const QString& target, const QString& progressTitle) {
+bool copyToTemporary(const QString& source, const QString& temporary, const QString& target,
+                     const QString& progressTitle, QString* reason) {
+    const auto failed = [&](const QString& what, const QString& path) {
+        if (reason)
+            *reason = durable::systemReason(what, path);
+        QFile::remove(temporary);
+        return false;
+    };
     QFile in(source);
     if (!in.open(QIODevice::ReadOnly))
-        return false;
-    QTemporaryFile out(target + QStringLiteral(".XXXXXX.tmp"));
-    if (!out.open())
-        return false;
+        return failed(QStringLiteral("Kan niet lezen:"), source);
+    QFile out(temporary);
+    if (!out.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
+        return failed(QStringLiteral("Kan niet schrijven naar"), target);
     std::unique_ptr<ui::Progress> progress;
     if (!progressTitle.isEmpty())
         progress = ui::service().progress(progressTitle, in.size());
-    if (!copyContents(in, out, progress.get()) || !syncToDisk(out))
-        return false;
+    durable::step("copy");
+    if (!copyContents(in, out, progress.get())) {
+        const QString what = progress && progress->wasCancelled()
+                                 ? QStringLiteral("Afgebroken: kopie naar")
+                                 : QStringLiteral("Kan niet schrijven naar");
+        return failed(what, target);
+    }
+    durable::step("sync");
+    if (!syncToDisk(out))
+        return failed(QStringLiteral("Kan niet vastleggen"), target);
     out.setPermissions(permissionsFor(target));
     out.close();
-    std::error_code failed;
-    std::filesystem::rename(localPath(out.fileName()), localPath(target), failed);
-    if (failed)
-        return false;
-    out.setAutoRemove(false);
     return true;
+}
+
+bool copyReplacing(const QString& source, const QString& target, const QString& progressTitle,
+                   QString* reason) {
+    const QString temporary = durable::temporaryNameFor(target);
+    return copyToTemporary(source, temporary, target, progressTitle, reason) &&
+           durable::publish(temporary, target, reason);
 }
 
 }  // namespace filecopy

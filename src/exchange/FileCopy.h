@@ -9,8 +9,14 @@
 namespace filecopy {
 
 // With a progress title the copy shows a progress dialog (which keeps the window alive)
-// and can be cancelled there. False when the copy did not complete.
+// and can be cancelled there. False when the copy did not complete; reason says why.
 bool copyReplacing(const QString& source, const QString& target,
-                   const QString& progressTitle = QString());
+                   const QString& progressTitle = QString(), QString* reason = nullptr);
+
+// The first half of copyReplacing: source copied to the new file temporary (a name of
+// durable::temporaryNameFor) and forced to the disk, with the permissions target has or
+// would get. On failure nothing is left at temporary.
+bool copyToTemporary(const QString& source, const QString& temporary, const QString& target,
+                     const QString& progressTitle, QString* reason);
 
 }  // namespace filecopy

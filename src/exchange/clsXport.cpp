@@ -11,6 +11,7 @@
 #include "base/UiService.h"
 #include "exchange/Ansi.h"
 #include "exchange/AnsiLineReader.h"
+#include "exchange/DurableFile.h"
 #include "exchange/clsFileSys.h"
 #include "records/clsObjFactuur.h"
 #include "store/Recordset.h"
@@ -35,9 +36,20 @@ void rowTexts(const Recordset& set, QStringList& fields) {
     for (int i = 0; i < set.fieldCount(); ++i) fields.append(Regional::valueText(set.value(i)));
 }
 
+bool sharedConnectionOpen() {
+    return gConnectie && gConnectie->state() == Connection::Open;
+}
+
 Connection& sharedConnection() {
-    clsDatabase().MaakConnectie();
-    if (!gConnectie || gConnectie->state() != Connection::Open)
+    clsDatabase database;
+    database.MaakConnectie();
+    if (!sharedConnectionOpen()) {
+        // MaakConnectie has told the user; one more try hands the engine's own reason (a
+        // lock, a damaged file) to the caller, or finds the lock gone.
+        Connection().open(database.connectionString());
+        database.MaakConnectie();
+    }
+    if (!sharedConnectionOpen())
         throw Error(Error::ConnectionClosed, QStringLiteral("clsXport"),
                     QStringLiteral("De verbinding met de database is niet open."));
     return *gConnectie;
@@ -144,42 +156,61 @@ void storeLine(Recordset& set, const QStringList& fields, qint64 lineNumber) {
 
 }  // namespace
 
+QString failureText(const Error& error) {
+    if (error.source() == QLatin1String("SQLite") && (error.number() == 5 || error.number() == 6))
+        return QStringLiteral("De database is in gebruik door een ander programma (%1).")
+            .arg(error.description());
+    return error.description();
+}
+
 bool clsXport::Xport(const QString& table, const QString& extension, QString& folder,
                      const QString& fileName) {
+    failure_.clear();
     if (table == QLatin1String("onbekend"))
-        return false;
+        return fail(QStringLiteral("Onbekend register."));
     folder = paths::withSeparator(folder);
     const QString path =
         folder + (fileName.isEmpty() ? table : fileName) + QLatin1Char('.') + extension;
-    clsFileSys files;
-    if (files.FileExists(path)) {
+    // A file that is there is replaced only by a whole new one (see exportTable), so the
+    // user's Ja does not remove it first.
+    if (clsFileSys().FileExists(path)) {
         const ui::Answer answer = ui::message(
             QStringLiteral("Het bestand ") + path + QStringLiteral(" bestaat al. Verwijderen?"),
             QStringLiteral("Bestand verwijderen"), ui::Icon::Question, ui::Buttons::YesNo,
             ui::Answer::Yes);
-        if (answer != ui::Answer::Yes || !files.DeleteFile(path))
-            return false;
+        if (answer != ui::Answer::Yes)
+            return fail(QStringLiteral("Het bestaande bestand %1 is gehouden.").arg(path));
     }
+    durable::removeLeftovers(folder);
     if (table == QLatin1String("FactArt"))
         return exportInvoiceOverview(path);
     const QString kind = extension.toLower();
     if (kind != QLatin1String("csv") && kind != QLatin1String("zip"))
-        return false;
-    const bool exported = exportTable(table, path);
-    if (!exported)
-        files.DeleteFile(path);
-    return exported;
+        return fail(QStringLiteral("Onbekende bestandssoort: ") + extension);
+    return exportTable(table, path);
 }
 
+bool clsXport::fail(const QString& reason) {
+    failure_ = reason;
+    return false;
+}
+
+// The lines go to a temporary file that takes the name only when every line, the close
+// and the flush to the disk succeeded: a full disk or a kill leaves the old file (or none).
 bool clsXport::exportTable(const QString& table, const QString& path) {
-    clsFileSys files;
-    files.setBestandsNaam(path);
+    const QString temporary = durable::temporaryNameFor(path);
+    const auto failed = [&](const QString& reason) {
+        QFile::remove(temporary);
+        return fail(reason);
+    };
     try {
+        clsFileSys files;
+        files.setBestandsNaam(temporary);
         Connection& connection = sharedConnection();
         const qint64 rows = rowCount(connection, table);
         const auto set = connection.openReadSet(QStringLiteral("SELECT * FROM ") + table);
         if (set->isEOF())
-            return false;
+            return fail(QStringLiteral("De tabel %1 is leeg.").arg(table));
         const auto progress =
             ui::service().progress(QStringLiteral("Exporteren van ") + table, rows);
         files.MaakRegel(columnNames(*set), kSeparator);
@@ -189,28 +220,27 @@ bool clsXport::exportTable(const QString& table, const QString& path) {
             rowTexts(*set, fields);
             files.MaakRegel(fields, kSeparator);
             if (++done % kProgressStep == 0 && cancelled(*progress, done))
-                return false;
+                return failed(QStringLiteral("De export is afgebroken."));
         }
         files.Sluiten();
-        return true;
-    } catch (const Error&) {
-        return false;
+        if (!durable::syncFile(temporary))
+            return failed(durable::systemReason(QStringLiteral("Kan niet vastleggen"), path));
+        return durable::publish(temporary, path, &failure_);
+    } catch (const Error& error) {
+        return failed(failureText(error).replace(temporary, path));
     }
 }
 
 bool clsXport::exportInvoiceOverview(const QString& path) {
     try {
         const QString text = invoiceOverview() + QStringLiteral("\r\n");
-        QFile file(path);
-        if (!file.open(QIODevice::WriteOnly) || file.write(ansi::encode(text)) < 0 || !file.flush())
-            throw Error(Error::PathFileAccess, QStringLiteral("clsXport"),
-                        QStringLiteral("Kan niet schrijven naar bestand %1 (%2)")
-                            .arg(path, file.errorString()));
+        durable::PublishedFile file(path);
+        if (!file.open() || !file.write(ansi::encode(text)) || !file.commit())
+            throw Error(Error::PathFileAccess, QStringLiteral("clsXport"), file.failure());
         return true;
     } catch (const Error& error) {
-        QFile::remove(path);
         reportOverviewError(error);
-        return false;
+        return fail(error.description());
     }
 }
 
@@ -235,15 +265,18 @@ QString clsXport::GetSpecialfolder(int id) {
 }
 
 bool clsXport::Mport(const QString& table, const QString& path) {
-    if (table.isEmpty() || !clsFileSys().FileExists(path))
-        return false;
+    failure_.clear();
+    if (table.isEmpty())
+        return fail(QStringLiteral("Geen tabel gekozen."));
+    if (!clsFileSys().FileExists(path))
+        return fail(QStringLiteral("Het bestand %1 bestaat niet.").arg(path));
     Connection& connection = sharedConnection();
     clsDatabase database;
     const auto set = database.ExecuteQuery(QStringLiteral("SELECT * FROM ") + table +
                                            QStringLiteral(" WHERE 1=2"));
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        return false;
+        return fail(QStringLiteral("Kan %1 niet lezen: %2").arg(path, file.errorString()));
     const auto progress =
         ui::service().progress(QStringLiteral("Importeren in ") + table, file.size());
     AnsiLineReader reader(file);
@@ -256,7 +289,8 @@ bool clsXport::Mport(const QString& table, const QString& path) {
             batch.lineStored();
         }
         if (lineNumber % kProgressStep == 0 && cancelled(*progress, reader.position()))
-            return false;
+            return fail(
+                QStringLiteral("Het importeren is afgebroken na regel %1.").arg(lineNumber));
     }
     batch.finish();
     set->close();

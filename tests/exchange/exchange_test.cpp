@@ -222,8 +222,9 @@ TEST_F(MenuTest, BackupCopiesTheDatabaseUnderTodaysNameAndAsksBeforeReplacingIt)
     EXPECT_EQ(ui.folderPrompts, QStringList(2, "Kies map voor de backup"));
     EXPECT_EQ(QDir(workFolder()).entryList(QDir::Files),
               QStringList{todaysBackup().section('/', -1)});
-    const QByteArray first = readBytes(todaysBackup());
-    EXPECT_EQ(first, readBytes(database.path()));
+    const QString first = dump(todaysBackup());
+    EXPECT_EQ(first, dump(database.path()));
+    EXPECT_TRUE(first.contains("Bakkerij Dé Korf"));
     expectMessage("Backup gelukt!", "KORVANE LINDEBRUG", ui::Icon::Information);
 
     addCustomer("Na de backup");
@@ -233,11 +234,14 @@ TEST_F(MenuTest, BackupCopiesTheDatabaseUnderTodaysNameAndAsksBeforeReplacingIt)
     EXPECT_EQ(ui.messages.size(), 1);
     expectMessage("Bestand bestaat! Overschrijven?", "KORVANE LINDEBRUG", ui::Icon::None);
     EXPECT_EQ(ui.lastMessage().buttons, ui::Buttons::YesNo);
-    EXPECT_EQ(readBytes(todaysBackup()), first);
+    EXPECT_EQ(dump(todaysBackup()), first);
 
     ui.answers.enqueue(ui::Answer::Yes);
     backupTo(workFolder());
-    EXPECT_EQ(readBytes(todaysBackup()), readBytes(database.path()));
+    EXPECT_EQ(dump(todaysBackup()), dump(database.path()));
+    EXPECT_TRUE(dump(todaysBackup()).contains("Na de backup"));
+    EXPECT_EQ(QDir(workFolder()).entryList(QDir::Files),
+              QStringList{todaysBackup().section('/', -1)});
 }
 
 // Through the program's own connection, without a restart. A file that cannot be copied
@@ -259,6 +263,10 @@ TEST_F(MenuTest, RestoreBringsBackTheRowsAtOnce) {
     EXPECT_EQ(ui.fileRequests[1].filter, "bu1-bestanden|*.bu1");
     EXPECT_TRUE(ui.messages.isEmpty());
     EXPECT_EQ(column("Klant", "Bedrijfsnaam"), (QVariantList{"Bakkerij Dé Korf", "Jansen"}));
+    EXPECT_EQ(database.scalar("SELECT count(*) FROM Klant WHERE Bedrijfsnaam='Na de backup'",
+                              database.file("db.daa.vorige")),
+              1)
+        << "the replaced database is kept beside the restored one";
     addCustomer("Na het terugzetten");
     EXPECT_EQ(column("Klant", "Bedrijfsnaam").size(), 3);
 
