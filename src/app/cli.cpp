@@ -21,18 +21,30 @@ namespace {
 enum ExitCode { Succeeded = 0, Failed = 1, WrongUse = 2, DatabaseUnusable = 3 };
 
 struct Invocation {
-    QString subject;  // the register or table, in the program's own spelling
-    QString path;     // absolute
+    QString subject;      // the register or table, in the program's own spelling
+    QStringList numbers;  // the invoice numbers of the commands that take them
+    QString option;       // the command's own option as given ("--controle", "nlcius"), if any
+    QString path;         // the last argument, absolute
     bool force = false;
 };
 
-// One command of the tool: its help line, what it takes and what it runs.
+// An option of one command: a flag, or a name followed by one of its values.
+struct Option {
+    const char* name = nullptr;
+    QStringList values;  // empty: a flag
+};
+
+// One command of the tool: its help line, what it takes and what it runs. Its arguments are,
+// in this order: the subject (when it has subjects), the invoice numbers (when it takes
+// them: one or more), and the path of a folder or a file.
 struct Command {
     const char* name;
     const char* arguments;    // as the help shows them
     const char* description;  // the help's explanation (UTF-8)
     QStringList subjects;     // the registers it takes (any letter case); none: it takes none
-    bool takesFolder;         // the path is a folder (else a file)
+    bool takesNumbers;
+    Option option;
+    bool takesFolder;  // the path is a folder (else a file)
     bool needsDatabase;
     bool (*run)(const Invocation&);
 };
@@ -42,6 +54,8 @@ const Command kCommands[] = {
      "klant|artikel|FactArt MAP",
      "register of factuuroverzicht naar MAP/<naam>.csv",
      {QStringLiteral("klant"), QStringLiteral("artikel"), QStringLiteral("FactArt")},
+     false,
+     {},
      true,
      true,
      [](const Invocation& call) { return exchange::exportRegister(call.subject, "csv"); }},
@@ -50,11 +64,15 @@ const Command kCommands[] = {
      "regels van BESTAND toevoegen aan de tabel",
      {QStringLiteral("Klant"), QStringLiteral("Artikel")},
      false,
+     {},
+     false,
      true,
      [](const Invocation& call) { return exchange::importTable(call.subject); }},
     {"backup",
      "MAP",
      "db.daa kopiëren naar MAP/<ddmmjjjj>db.bu1",
+     {},
+     false,
      {},
      true,
      true,
@@ -63,6 +81,8 @@ const Command kCommands[] = {
      "BESTAND",
      "db.daa vervangen door de backup BESTAND (de vervangen database blijft als "
      "db.daa.vorige)",
+     {},
+     false,
      {},
      false,
      false,
@@ -167,6 +187,59 @@ QString registerName(const Command& command, const QString& typed) {
     return QString();
 }
 
+// Takes the command's option out of the arguments; an error text when it is wrong.
+QString readOption(const Command& command, QStringList& arguments, Invocation& call) {
+    if (!command.option.name)
+        return QString();
+    const QString option = QLatin1String(command.option.name);
+    const qsizetype at = arguments.indexOf(option);
+    if (at < 0)
+        return QString();
+    arguments.removeAt(at);
+    if (command.option.values.isEmpty()) {
+        call.option = option;
+        return QString();
+    }
+    const QString value = at < arguments.size() ? arguments.takeAt(at) : QString();
+    for (const QString& allowed : command.option.values) {
+        if (allowed.compare(value, Qt::CaseInsensitive) == 0) {
+            call.option = allowed;
+            return QString();
+        }
+    }
+    return QStringLiteral("Onbekende waarde voor ") + option + ": " + value;
+}
+
+// Fills call from the arguments after the command's name; an error text when they do not
+// fit the command.
+QString readArguments(const Command& command, QStringList arguments, Invocation& call) {
+    const QString name = QLatin1String(command.name);
+    if (const QString problem = readOption(command, arguments, call); !problem.isEmpty())
+        return problem;
+    const qsizetype fixed = (command.subjects.isEmpty() ? 0 : 1) + 1;
+    const bool countFits =
+        command.takesNumbers ? arguments.size() > fixed : arguments.size() == fixed;
+    if (!countFits)
+        return QStringLiteral("Verkeerd aantal argumenten voor ") + name + '.';
+    if (!command.subjects.isEmpty()) {
+        call.subject = registerName(command, arguments.first());
+        if (call.subject.isEmpty())
+            return QStringLiteral("Onbekende tabel voor ") + name + ": " + arguments.first();
+        arguments.removeFirst();
+    }
+    const QString last = arguments.takeLast();
+    for (const QString& number : std::as_const(arguments)) {
+        bool whole = false;
+        number.toLongLong(&whole);
+        if (!whole)
+            return QStringLiteral("Geen factuurnummer: ") + number;
+    }
+    call.numbers = arguments;
+    call.path =
+        command.takesFolder ? QDir(last).absolutePath() : QFileInfo(last).absoluteFilePath();
+    return QString();
+}
+
 bool databasePresent() {
     if (clsObjAppInstellingen().DatabaseNietOpAlleenLezen())
         return true;
@@ -217,18 +290,8 @@ int main(int argc, char* argv[]) {
     const Command* command = findCommand(name);
     if (!command)
         return usageError(QStringLiteral("Onbekende opdracht: ") + name);
-    const bool withSubject = !command->subjects.isEmpty();
-    if (arguments.size() != (withSubject ? 2 : 1))
-        return usageError(QStringLiteral("Verkeerd aantal argumenten voor ") + name + '.');
-    if (withSubject) {
-        call.subject = registerName(*command, arguments.first());
-        if (call.subject.isEmpty())
-            return usageError(QStringLiteral("Onbekende tabel voor ") + name + ": " +
-                              arguments.first());
-        arguments.removeFirst();
-    }
-    call.path = command->takesFolder ? QDir(arguments.first()).absolutePath()
-                                     : QFileInfo(arguments.first()).absoluteFilePath();
+    if (const QString problem = readArguments(*command, arguments, call); !problem.isEmpty())
+        return usageError(problem);
 
     TerminalService terminal(call.path, yes);
     ui::install(&terminal);
