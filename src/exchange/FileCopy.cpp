@@ -9,6 +9,7 @@
 #include "base/UiService.h"
 
 #ifdef Q_OS_UNIX
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -59,6 +60,20 @@ QFileDevice::Permissions permissionsFor(const QString& target) {
            QFileDevice::ReadOther;
 }
 
+bool syncFolderOf(const QString& target) {
+#ifdef Q_OS_UNIX
+    const int folder = ::open(QFile::encodeName(QFileInfo(target).absolutePath()).constData(),
+                              O_RDONLY | O_DIRECTORY);
+    if (folder < 0)
+        return false;
+    const bool synced = ::fsync(folder) == 0;
+    ::close(folder);
+    return synced;
+#else
+    return true;
+#endif
+}
+
 std::filesystem::path localPath(const QString& path) {
     return std::filesystem::path(QFile::encodeName(path).toStdString());
 }
@@ -81,6 +96,20 @@ bool copyContents(QFile& source, QFile& target, ui::Progress* progress) {
     }
 }
 
+// Gives the complete temporary file the target's name.
+bool publish(QTemporaryFile& out, const QString& target) {
+    if (!syncToDisk(out))
+        return false;
+    out.setPermissions(permissionsFor(target));
+    out.close();
+    std::error_code failed;
+    std::filesystem::rename(localPath(out.fileName()), localPath(target), failed);
+    if (failed)
+        return false;
+    out.setAutoRemove(false);
+    return syncFolderOf(target);
+}
+
 }  // namespace
 
 bool copyReplacing(const QString& source, const QString& target, const QString& progressTitle) {
@@ -93,16 +122,12 @@ bool copyReplacing(const QString& source, const QString& target, const QString& 
     std::unique_ptr<ui::Progress> progress;
     if (!progressTitle.isEmpty())
         progress = ui::service().progress(progressTitle, in.size());
-    if (!copyContents(in, out, progress.get()) || !syncToDisk(out))
-        return false;
-    out.setPermissions(permissionsFor(target));
-    out.close();
-    std::error_code failed;
-    std::filesystem::rename(localPath(out.fileName()), localPath(target), failed);
-    if (failed)
-        return false;
-    out.setAutoRemove(false);
-    return true;
+    return copyContents(in, out, progress.get()) && publish(out, target);
+}
+
+bool writeReplacing(const QByteArray& bytes, const QString& target) {
+    QTemporaryFile out(target + QStringLiteral(".XXXXXX.tmp"));
+    return out.open() && out.write(bytes) == bytes.size() && publish(out, target);
 }
 
 }  // namespace filecopy
