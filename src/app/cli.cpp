@@ -9,8 +9,11 @@
 #include <QTextStream>
 #include <cstdio>
 
+#include "base/Error.h"
 #include "base/UiService.h"
 #include "exchange/ExchangeRoutines.h"
+#include "exchange/ubl/UblExport.h"
+#include "store/clsFoutCodeVertaler.h"
 #include "store/clsObjAppInstellingen.h"
 
 namespace {
@@ -23,6 +26,8 @@ const char* const kUsage =
     "  import Klant|Artikel BESTAND       regels van BESTAND toevoegen aan de tabel\n"
     "  backup MAP                         db.daa kopieren naar MAP/<ddmmjjjj>db.bu1\n"
     "  restore BESTAND                    db.daa vervangen door de backup BESTAND\n"
+    "  ubl [--profiel peppol|nlcius] NUMMER... MAP\n"
+    "                                     e-facturen (UBL) naar MAP/<nummer>.xml\n"
     "  --help                             deze uitleg\n"
     "\n"
     "Een vraag (bijvoorbeeld of een bestaand bestand overschreven mag worden) wordt met\n"
@@ -96,6 +101,48 @@ bool run(const Command& command) {
     return exchange::importTable(command.subject);
 }
 
+// ubl [--profiel peppol|nlcius] NUMMER... MAP
+int runUbl(QStringList arguments, bool yes) {
+    using exchange::ubl::Profile;
+    Profile profile = Profile::Peppol;
+    const qsizetype option = arguments.indexOf(QStringLiteral("--profiel"));
+    if (option >= 0) {
+        const QString name = arguments.value(option + 1);
+        if (name != QLatin1String("peppol") && name != QLatin1String("nlcius"))
+            return usageError(QStringLiteral("Onbekend profiel: ") + name);
+        profile = name == QLatin1String("nlcius") ? Profile::NlCius : Profile::Peppol;
+        arguments.remove(option, 2);
+    }
+    if (arguments.size() < 2)
+        return usageError(QStringLiteral("Verkeerd aantal argumenten voor ubl."));
+    TerminalService terminal(QDir(arguments.takeLast()).absolutePath(), yes);
+    QList<qint64> numbers;
+    for (const QString& argument : arguments) {
+        bool isNumber = false;
+        numbers.append(argument.toLongLong(&isNumber));
+        if (!isNumber)
+            return usageError(QStringLiteral("Geen factuurnummer: ") + argument);
+    }
+    ui::install(&terminal);
+    bool succeeded = databasePresent();
+    try {
+        QList<qint32> ids;
+        for (qsizetype i = 0; succeeded && i < numbers.size(); ++i) {
+            ids.append(exchange::ubl::invoiceIdOfNumber(numbers.at(i)));
+            if (ids.last() == 0) {
+                ui::message(QStringLiteral("Factuur %1 bestaat niet.").arg(numbers.at(i)));
+                succeeded = false;
+            }
+        }
+        succeeded = succeeded && exchange::ubl::exportInvoices(ids, profile);
+    } catch (const Error& error) {
+        ui::message(clsFoutCodeVertaler().GebruikerMelding(error));
+        succeeded = false;
+    }
+    ui::install(nullptr);
+    return succeeded ? 0 : 1;
+}
+
 }  // namespace
 
 int main(int argc, char* argv[]) {
@@ -111,6 +158,8 @@ int main(int argc, char* argv[]) {
         return usageError(QStringLiteral("Geen opdracht gegeven."));
 
     Command command{arguments.takeFirst(), QString(), QString()};
+    if (command.name == QLatin1String("ubl"))
+        return runUbl(arguments, yes);
     const bool withSubject =
         command.name == QLatin1String("export") || command.name == QLatin1String("import");
     const bool known = withSubject || command.name == QLatin1String("backup") ||
