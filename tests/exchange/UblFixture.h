@@ -134,17 +134,68 @@ protected:
     }
 
     // Articles straight into the table: prices to four decimals, VAT class 1 (first rate),
-    // 2 (second rate) or 0 (none).
+    // 2 (second rate) or 0 (none). Many at once go in one transaction.
+    static QString articleInsert(qint32 id, const QString& omschrijving, const QString& eenheid,
+                                 Currency prijs, int btwTarief) {
+        return QStringLiteral(
+                   "INSERT INTO Artikel (ArtikelID, Nummer, Omschrijving, Eenheid, "
+                   "Voorraad, Prijs, NegVoorToestaan, BTWTarief, Zichtbaar, "
+                   "GeenVoorraad) VALUES (%1, 'A%1', '%2', '%3', 100, %4, 1, %5, 1, 0);")
+            .arg(id)
+            .arg(omschrijving, eenheid)
+            .arg(prijs.raw())
+            .arg(btwTarief);
+    }
     void addArticle(qint32 id, const QString& omschrijving, const QString& eenheid, Currency prijs,
                     int btwTarief) {
-        database.exec(QStringLiteral("INSERT INTO Artikel (ArtikelID, Nummer, Omschrijving, "
-                                     "Eenheid, Voorraad, Prijs, NegVoorToestaan, BTWTarief, "
-                                     "Zichtbaar, GeenVoorraad) VALUES (%1, 'A%1', '%2', '%3', "
-                                     "100, %4, 1, %5, 1, 0)")
-                          .arg(id)
-                          .arg(omschrijving, eenheid)
-                          .arg(prijs.raw())
-                          .arg(btwTarief));
+        database.exec(articleInsert(id, omschrijving, eenheid, prijs, btwTarief));
+    }
+
+    struct Row {
+        qint32 artikelId;
+        Currency prijs;
+        double aantal, korting, tarief;
+    };
+    // An invoice and its lines as the editor's save leaves them, with the amounts from the
+    // program's own line formulas, as SQL: many lines or invoices go in one transaction
+    // where the save writes every row on its own.
+    static QString invoiceRows(qint32 factuurId, const QString& nummer, qint32 klantId,
+                               bool nulProcent, const QList<Row>& lines) {
+        QString sql;
+        Currency total, exBtw;
+        for (const Row& r : lines) {
+            const Currency net = clsObjArtikelPerFactuur::lineTotal(r.prijs, r.aantal, r.korting);
+            const Currency btw =
+                nulProcent ? Currency() : clsObjArtikelPerFactuur::vatAmount(net, r.tarief);
+            total += net + btw;
+            exBtw += net;
+            const bool secondRate = r.tarief == 9;
+            sql += QStringLiteral(
+                       "INSERT INTO ArtikelPerFactuur (FactuurID, ArtikelId, Aantal, "
+                       "Prijs, TotaalPrijs, BTWTarief, BTWBedragTarief1, "
+                       "BTWBedragTarief2, Korting, Kortingsbedrag) VALUES (%1, %2, %3, "
+                       "%4, %5, %6, %7, %8, %9, %10);")
+                       .arg(factuurId)
+                       .arg(r.artikelId)
+                       .arg(r.aantal, 0, 'g', 17)
+                       .arg(r.prijs.raw())
+                       .arg(net.raw())
+                       .arg(r.tarief)
+                       .arg(secondRate ? 0 : btw.raw())
+                       .arg(secondRate ? btw.raw() : 0)
+                       .arg(r.korting, 0, 'g', 17)
+                       .arg(clsObjArtikelPerFactuur::discountAmount(r.prijs, r.aantal, r.korting)
+                                .raw());
+        }
+        return sql + QStringLiteral(
+                         "INSERT INTO Factuur (FactuurID, Nummer, Datum, KlantId, "
+                         "Klantnaam, TotaalPrijs, TotaalPrijsExBTW, BTWId) VALUES (%1, "
+                         "%2, '2026-03-14 00:00:00', %3, 'Klant', %4, %5, 1);")
+                         .arg(factuurId)
+                         .arg(nummer)
+                         .arg(klantId)
+                         .arg(total.raw())
+                         .arg(exBtw.raw());
     }
 
     // Saved as the invoice editor saves a new invoice: each line built from its article.

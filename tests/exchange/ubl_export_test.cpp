@@ -44,12 +44,15 @@ protected:
         addArticle(5, "Statiegeld krat", "stuk", money("-3.9000"), 1);
         addArticle(6, "Diversen & zo <klein>", "doos", money("1.2345"), 1);
         addArticle(7, "Cursusgeld", "", money("50.0000"), 0);
-        QList<LineSpec> lang;
+        QList<Row> lang;
+        QString articles = "BEGIN;";
         for (int a = 100; a < 300; ++a) {
-            addArticle(a, QString("Onderdeel %1").arg(a), a % 2 ? "stuk" : "kg",
-                       Currency::fromRaw(a * 1237 % 99991 + 50), a % 3 ? 1 : 2);
-            lang.append({a, (a % 7) * 0.5 + 0.25, a % 5 ? 0.0 : 12.5});
+            const Currency prijs = Currency::fromRaw(a * 1237 % 99991 + 50);
+            articles += articleInsert(a, QString("Onderdeel %1").arg(a), a % 2 ? "stuk" : "kg",
+                                      prijs, a % 3 ? 1 : 2);
+            lang.append({a, prijs, (a % 7) * 0.5 + 0.25, a % 5 ? 0.0 : 12.5, a % 3 ? 21.0 : 9.0});
         }
+        database.exec(articles + "COMMIT;");
 
         addInvoice("1001", gewoon,
                    {{2, 1.5, 10}, {3, 3}, {4, 0.333, 12.5}, {1, 1}, {6, 3, 33.333}});
@@ -57,7 +60,7 @@ protected:
         addInvoice("1003", eu, {{4, 10}, {3, 2, 5}});
         addInvoice("1004", export_, {{2, 2}, {1, 3}});
         addInvoice("1005", gewoon, {{3, -2}, {2, 1}, {5, 4}, {1, -1}});
-        addInvoice("1006", gewoon, lang);
+        database.exec("BEGIN;" + invoiceRows(6, "1006", gewoon, false, lang) + "COMMIT;");
         addInvoice("1007", persoon, {{7, 1}, {2, 0.25}, {1, 3}});
         addInvoice("1008", particulier, {{2, 1}, {3, 1}});
         addInvoice("1009", belg, {{4, 2.5}, {1, 7}});
@@ -164,6 +167,10 @@ TEST_F(UblInvoices, EachKindOfCustomerGetsItsVatCategoryAndThePrintedTotal) {
               (QStringList{"1.5", "3", "0.333", "1", "3"}));
     EXPECT_EQ(xmlValuesOf(first, "Invoice/InvoiceLine/Item/ClassifiedTaxCategory/Percent"),
               (QStringList{"21", "9", "9", "21", "21"}));
+    // 1.5 x 82.50 = 123.75 less 10 %: 111.375 -> 111.38, so the discount is 12.37.
+    EXPECT_EQ(xmlValuesOf(first, "Invoice/InvoiceLine/AllowanceCharge/BaseAmount").first(),
+              "123.75");
+    EXPECT_EQ(xmlValuesOf(first, "Invoice/InvoiceLine/AllowanceCharge/Amount").first(), "12.37");
     // 3 x 1.2345 = 3.7035 less 33.333 %: 2.4690 (1.2345 the allowance, both to the cent).
     EXPECT_EQ(xmlValuesOf(first, "Invoice/InvoiceLine/AllowanceCharge/BaseAmount").last(), "3.70");
     EXPECT_EQ(xmlValuesOf(first, "Invoice/InvoiceLine/AllowanceCharge/Amount").last(), "1.23");

@@ -93,8 +93,11 @@ Line invoiceLine(const clsObjArtikelPerFactuur& stored, const clsObjArtikel& art
     line.quantity = negativePrice ? -stored.Aantal() : stored.Aantal();
     line.discountPercent = stored.Korting();
     line.netAmount = net;
-    line.discountAmount = stored.Korting() != 0 ? toCents(stored.KortingsBedrag()) : 0;
-    line.grossAmount = net + line.discountAmount;
+    // The discount is what lies between quantity x price and the net amount, both to the
+    // cent, so that a reader of the line finds 123.75 - 12.37 = 111.38 rather than the
+    // 12.38 the discount makes on its own; the rules allow either within two cents.
+    line.grossAmount = stored.Korting() != 0 ? toCents(stored.Prijs() * stored.Aantal()) : net;
+    line.discountAmount = line.grossAmount - net;
     line.tax = tax;
     return line;
 }

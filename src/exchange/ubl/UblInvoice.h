@@ -37,8 +37,8 @@ struct Line {
     double quantity = 0;
     Currency price;  // net unit price, never negative: a negative price turns the quantity
     double discountPercent = 0;
-    Cents grossAmount = 0;     // before the discount
-    Cents discountAmount = 0;  // 0: no discount on the line
+    Cents grossAmount = 0;     // quantity x price
+    Cents discountAmount = 0;  // gross - net; only when discountPercent is not 0
     Cents netAmount = 0;
     TaxCategory tax;
 };
