@@ -21,7 +21,8 @@ Currency money(const char* amount) {
 }
 
 // A business with customers of every kind, articles with units, both rates and none, and
-// invoices with discounts, half cents, returns, a negative price and 200 lines.
+// invoices with discounts, half cents, returns, a negative price, a negative total and 200
+// lines.
 class UblInvoices : public UblDatabaseTest {
 protected:
     UblInvoices() {
@@ -64,6 +65,7 @@ protected:
         addInvoice("1007", persoon, {{7, 1}, {2, 0.25}, {1, 3}});
         addInvoice("1008", particulier, {{2, 1}, {3, 1}});
         addInvoice("1009", belg, {{4, 2.5}, {1, 7}});
+        addInvoice("1010", gewoon, {{3, -2}, {6, -1, 10}});  // all returned: a negative total
     }
 
     static QList<qint32> ids(int from, int to) {
@@ -92,13 +94,13 @@ QString validator() {
 TEST_F(UblInvoices, TheOfficialRulesFindNothingFatalInEitherProfile) {
     QStringList files;
     for (const auto& [name, profile, invoices] :
-         {std::tuple{"peppol", Profile::Peppol, ids(1, 7)},
+         {std::tuple{"peppol", Profile::Peppol, ids(1, 7) << 10},
           std::tuple{"nlcius", Profile::NlCius, QList<qint32>{3, 4, 9}}}) {
         const QString folder = exportTo(name, invoices, profile);
         QDirIterator it(folder, {"*.xml"});
         while (it.hasNext()) files.append(it.next());
     }
-    ASSERT_EQ(files.size(), 10);
+    ASSERT_EQ(files.size(), 11);
     if (!QFileInfo(validator()).isExecutable())
         GTEST_SKIP() << "de validator ontbreekt: " << validator().toStdString();
     if (QStandardPaths::findExecutable("java").isEmpty())
