@@ -302,6 +302,13 @@ TEST_F(UblInvoices, WhatCannotBecomeAValidEInvoiceIsRefusedByName) {
               "(663.3332). Open de factuur en sla haar opnieuw op.\r\n"
               "De factuur met sleutel 99 bestaat niet meer.");
     EXPECT_FALSE(QFileInfo::exists(work("nooit")));
+
+    // Many at once: the first ten reasons and how many more.
+    EXPECT_FALSE(exportInvoices(ids(101, 112)));
+    const QStringList lines = ui.lastMessage().text.split("\r\n");
+    ASSERT_EQ(lines.size(), 12);
+    EXPECT_EQ(lines[10], "De factuur met sleutel 110 bestaat niet meer.");
+    EXPECT_EQ(lines[11], "En nog 2 facturen.");
 }
 
 // The folder is asked once; a file that exists is replaced only when the user says so, and

@@ -21,6 +21,18 @@ struct Document {
     QByteArray contents;
 };
 
+// The reasons one under the other; a message box stays readable with the first ten.
+QString summary(QStringList refusals) {
+    constexpr qsizetype kShown = 10;
+    const qsizetype more = refusals.size() - kShown;
+    if (more > 0) {
+        refusals.resize(kShown);
+        refusals.append(more == 1 ? QStringLiteral("En nog 1 factuur.")
+                                  : QStringLiteral("En nog %1 facturen.").arg(more));
+    }
+    return refusals.join(QStringLiteral("\r\n"));
+}
+
 // Every invoice made into its document before anything is written: one that cannot be
 // made stops the whole export, so a user never has to sort out which files are new.
 bool makeDocuments(const QList<qint32>& factuurIds, Profile profile, QList<Document>& documents) {
@@ -46,8 +58,7 @@ bool makeDocuments(const QList<qint32>& factuurIds, Profile profile, QList<Docum
     }
     if (refusals.isEmpty())
         return true;
-    ui::message(QStringLiteral("Er zijn geen e-facturen gemaakt.\r\n") +
-                    refusals.join(QStringLiteral("\r\n")),
+    ui::message(QStringLiteral("Er zijn geen e-facturen gemaakt.\r\n") + summary(refusals),
                 kCaption, ui::Icon::Exclamation);
     return false;
 }
