@@ -50,6 +50,27 @@ Party sellerParty(const clsObjInstellingen& instellingen) {
     return seller;
 }
 
+// The customer as the e-invoice names it: by its company name, or by its contact person
+// when it has none; its VAT number is also its electronic address where the network has a
+// scheme for it.
+Party buyerParty(const clsObjKlant& klant, const QString& btwNummer) {
+    Party buyer;
+    buyer.contactName = contactName(klant);
+    buyer.name = klant.Bedrijfsnaam().trimmed().isEmpty() ? buyer.contactName
+                                                          : klant.Bedrijfsnaam().trimmed();
+    buyer.street = klant.Adres().trimmed();
+    buyer.postcode = klant.Postcode().trimmed();
+    buyer.city = klant.Plaats().trimmed();
+    buyer.telephone = klant.Telefoon().trimmed();
+    buyer.email = klant.Email().trimmed();
+    buyer.countryCode = countryCode(klant.Land());
+    buyer.vatNumber = normalizedVatNumber(btwNummer, buyer.countryCode);
+    buyer.endpointScheme = vatEndpointScheme(buyer.vatNumber);
+    if (!buyer.endpointScheme.isEmpty())
+        buyer.endpointId = buyer.vatNumber;
+    return buyer;
+}
+
 // The category of the lines a customer invoiced at 0 % VAT gets: who pays the VAT, or why
 // there is none, follows from where the customer is and whether it has a VAT number.
 VatCategory zeroVatCategory(const Party& buyer) {
@@ -121,7 +142,7 @@ public:
         invoice.dueDate = invoice.issueDate.addDays(termijn);
         invoice.paymentTerms =
             QStringLiteral("Betaling binnen %1 dagen na factuurdatum.").arg(termijn);
-        built.refusal = buyerRefusal(invoice.buyer);
+        built.refusal = addBuyer(invoice.buyer);
         if (built.refusal.isEmpty())
             built.refusal = addLines(invoice);
         return built;
@@ -132,17 +153,12 @@ private:
         return QStringLiteral("Factuur %1: ").arg(records_.factuur.Nummer()) + text;
     }
 
-    QString buyerRefusal(Party& buyer) const {
+    // Each of these fills its part of the invoice and tells why the invoice cannot become
+    // an e-invoice, or nothing when it can.
+
+    QString addBuyer(Party& buyer) const {
         const clsObjKlant& klant = records_.factuur.Klant();
-        buyer.name = klant.Bedrijfsnaam().trimmed().isEmpty() ? contactName(klant)
-                                                              : klant.Bedrijfsnaam().trimmed();
-        buyer.contactName = contactName(klant);
-        buyer.street = klant.Adres().trimmed();
-        buyer.postcode = klant.Postcode().trimmed();
-        buyer.city = klant.Plaats().trimmed();
-        buyer.telephone = klant.Telefoon().trimmed();
-        buyer.email = klant.Email().trimmed();
-        buyer.countryCode = countryCode(klant.Land());
+        buyer = buyerParty(klant, records_.klantBtwNummer);
         const QString who = buyer.name.isEmpty() ? QStringLiteral("de klant")
                                                  : QStringLiteral("klant ") + buyer.name;
         if (buyer.countryCode.isEmpty())
@@ -164,14 +180,9 @@ private:
                                           "Nederlandse klant, en dat houdt Lindebrug niet bij. "
                                           "Maak de e-factuur voor %1 als Peppol e-factuur.")
                                .arg(who));
-        buyer.vatNumber = normalizedVatNumber(records_.klantBtwNummer, buyer.countryCode);
-        const QString scheme = vatEndpointScheme(buyer.vatNumber);
-        if (!scheme.isEmpty()) {
-            buyer.endpointScheme = scheme;
-            buyer.endpointId = buyer.vatNumber;
-        } else if (profile_ == Profile::Peppol) {
-            // The Peppol network delivers an invoice only to an electronic address, and
-            // the one address the program knows of a customer is its VAT number.
+        // The Peppol network delivers an invoice only to an electronic address, and the one
+        // address the program knows of a customer is its VAT number.
+        if (profile_ == Profile::Peppol && buyer.endpointId.isEmpty())
             return refusal(
                 buyer.vatNumber.isEmpty()
                     ? QStringLiteral("%1 heeft geen btw-nummer. Een Peppol e-factuur heeft het "
@@ -181,7 +192,6 @@ private:
                     : QStringLiteral("het btw-nummer %1 van %2 is geen Peppol-adres. Maak de "
                                      "e-factuur als SI-UBL (NLCIUS).")
                           .arg(buyer.vatNumber, who));
-        }
         return QString();
     }
 
