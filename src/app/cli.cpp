@@ -9,11 +9,9 @@
 #include <QTextStream>
 #include <cstdio>
 
-#include "base/Error.h"
 #include "base/UiService.h"
 #include "exchange/ExchangeRoutines.h"
 #include "exchange/ubl/UblExport.h"
-#include "store/clsFoutCodeVertaler.h"
 #include "store/clsObjAppInstellingen.h"
 
 namespace {
@@ -124,21 +122,8 @@ int runUbl(QStringList arguments, bool yes) {
             return usageError(QStringLiteral("Geen factuurnummer: ") + argument);
     }
     ui::install(&terminal);
-    bool succeeded = databasePresent();
-    try {
-        QList<qint32> ids;
-        for (qsizetype i = 0; succeeded && i < numbers.size(); ++i) {
-            ids.append(exchange::ubl::invoiceIdOfNumber(numbers.at(i)));
-            if (ids.last() == 0) {
-                ui::message(QStringLiteral("Factuur %1 bestaat niet.").arg(numbers.at(i)));
-                succeeded = false;
-            }
-        }
-        succeeded = succeeded && exchange::ubl::exportInvoices(ids, profile);
-    } catch (const Error& error) {
-        ui::message(clsFoutCodeVertaler().GebruikerMelding(error));
-        succeeded = false;
-    }
+    const bool succeeded =
+        databasePresent() && exchange::ubl::exportInvoiceNumbers(numbers, profile);
     ui::install(nullptr);
     return succeeded ? 0 : 1;
 }

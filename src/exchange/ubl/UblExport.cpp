@@ -16,6 +16,11 @@ namespace {
 
 const QString kCaption = QStringLiteral("E-factuur (UBL)");
 
+void reportError(const Error& error) {
+    ui::message(clsFoutCodeVertaler().GebruikerMelding(error), QStringLiteral("KORVANE LINDEBRUG"),
+                ui::Icon::Exclamation);
+}
+
 struct Document {
     QString fileName;
     QByteArray contents;
@@ -126,16 +131,29 @@ bool exportInvoices(const QList<qint32>& factuurIds, Profile profile) {
         }
         return writeDocuments(documents, folder);
     } catch (const Error& error) {
-        ui::message(clsFoutCodeVertaler().GebruikerMelding(error),
-                    QStringLiteral("KORVANE LINDEBRUG"), ui::Icon::Exclamation);
+        reportError(error);
         return false;
     }
 }
 
-qint32 invoiceIdOfNumber(qint64 nummer) {
-    const QList<clsObjFactuur> found =
-        clsObjFactuur().Lijst(QStringLiteral("Nummer=") + QString::number(nummer));
-    return found.isEmpty() ? 0 : found.first().FactuurId();
+bool exportInvoiceNumbers(const QList<qint64>& nummers, Profile profile) {
+    QList<qint32> ids;
+    try {
+        for (const qint64 nummer : nummers) {
+            const QList<clsObjFactuur> found =
+                clsObjFactuur().Lijst(QStringLiteral("Nummer=") + QString::number(nummer));
+            if (found.isEmpty()) {
+                ui::message(QStringLiteral("Factuur %1 bestaat niet.").arg(nummer), kCaption,
+                            ui::Icon::Exclamation);
+                return false;
+            }
+            ids.append(found.first().FactuurId());
+        }
+    } catch (const Error& error) {
+        reportError(error);
+        return false;
+    }
+    return exportInvoices(ids, profile);
 }
 
 }  // namespace exchange::ubl

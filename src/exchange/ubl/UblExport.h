@@ -13,7 +13,8 @@ namespace exchange::ubl {
 // a file, and ends with a message naming the folder. True when every file was written.
 bool exportInvoices(const QList<qint32>& factuurIds, Profile profile = Profile::Peppol);
 
-// The key of the invoice with this number; 0 when there is none.
-qint32 invoiceIdOfNumber(qint64 nummer);
+// The same for the invoices with these numbers, as a script names them; an unknown number
+// is reported and nothing is written.
+bool exportInvoiceNumbers(const QList<qint64>& nummers, Profile profile);
 
 }  // namespace exchange::ubl
