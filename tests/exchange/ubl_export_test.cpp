@@ -401,6 +401,16 @@ TEST_F(UblInvoices, TheCommandLineWritesTheInvoicesItIsGiven) {
               (QStringList{"1001.xml", "1002.xml", "1003.xml"}));
     EXPECT_THAT(fileBytes(folder + "/1003.xml").toStdString(), HasSubstr("nlcius"));
     EXPECT_THAT(fileBytes(folder + "/1002.xml").toStdString(), HasSubstr("peppol"));
+
+    // A database that cannot be read is reported, and the command fails.
+    closeSharedConnections();
+    QFile damaged(database.path());
+    ASSERT_TRUE(damaged.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    damaged.write(QByteArray(4096, 'x'));
+    damaged.close();
+    EXPECT_THAT(run({"ubl", "1001", folder}).toStdString(),
+                ::testing::AllOf(::testing::StartsWith("1 Error 26"),
+                                 HasSubstr("Er is een fout opgetreden")));
 }
 
 }  // namespace
