@@ -35,8 +35,14 @@ TEST(UblAmounts, RoundToCentsAndWriteAmountsPricesAndNumbers) {
         {126000, "12.60"}, {12345, "1.2345"}, {10, "0.001"}, {500000, "50.00"}, {-1500, "-0.15"}};
     for (const auto& [value, text] : prices) EXPECT_EQ(formatPrice(raw(value)), text);
 
-    const std::pair<double, const char*> numbers[] = {
-        {3, "3"}, {12.5, "12.5"}, {0.333, "0.333"}, {-2.5, "-2.5"}, {1e-7, "0"}, {21, "21"}};
+    const std::pair<double, const char*> numbers[] = {{3, "3"},
+                                                      {12.5, "12.5"},
+                                                      {0.333, "0.333"},
+                                                      {-2.5, "-2.5"},
+                                                      {1e-7, "0.0000001"},
+                                                      {1e-11, "0"},
+                                                      {1.0 / 3, "0.3333333333"},
+                                                      {21, "21"}};
     for (const auto& [value, text] : numbers) EXPECT_EQ(formatNumber(value), text);
 }
 

@@ -53,7 +53,7 @@ QString formatPrice(Currency price) {
 }
 
 QString formatNumber(double value) {
-    QString text = trimmedDecimals(QString::number(value, 'f', 6), 0);
+    QString text = trimmedDecimals(QString::number(value, 'f', 10), 0);
     return text == QLatin1String("-0") ? QStringLiteral("0") : text;
 }
 

@@ -19,7 +19,8 @@ Cents toCents(Currency amount);
 QString formatCents(Cents amount);
 // A price: its four decimals, without trailing zeros past the second ("12.60", "1.2345").
 QString formatPrice(Currency price);
-// A quantity or a percentage: up to six decimals, without trailing zeros ("3", "12.5").
+// A quantity or a percentage: up to ten decimals, without trailing zeros ("3", "12.5"); so
+// many that quantity x price stays within a cent of the line even at large prices.
 QString formatNumber(double value);
 
 enum class VatCategory {
