@@ -107,25 +107,6 @@ TEST(UblAmounts, ThePayableAmountIsThePrintedTotalWithARoundingAmountOnlyWhenNee
     }
 }
 
-TEST(UblAmounts, CategoriesAreSubtotalledPerCodeAndRateInTheOrderOfFirstUse) {
-    const TaxCategory s21{VatCategory::Standard, 21};
-    const TaxCategory s9{VatCategory::Standard, 9};
-    const TaxCategory z{VatCategory::ZeroRated, 0};
-    const Totals totals = computeTotals({{raw(100000), raw(9000), s9},
-                                         {raw(200000), raw(42000), s21},
-                                         {raw(50000), raw(0), z},
-                                         {raw(30000), raw(2700), s9}},
-                                        raw(433700));
-    ASSERT_EQ(totals.subtotals.size(), 3);
-    EXPECT_EQ(totals.subtotals[0].tax, s9);
-    EXPECT_EQ(totals.subtotals[0].taxable, 1300);
-    EXPECT_EQ(totals.subtotals[0].vat, 117);
-    EXPECT_EQ(totals.subtotals[1].tax, s21);
-    EXPECT_EQ(totals.subtotals[2].tax, z);
-    EXPECT_EQ(totals.subtotals[2].vat, 0);
-    EXPECT_EQ(totals.lineNet, (QList<Cents>{1000, 2000, 500, 300}));
-}
-
 TEST(UblCodes, UnitsCountriesVatNumbersAndBankAccounts) {
     const std::pair<const char*, const char*> units[] = {
         {"stuk", "H87"}, {"Stuks", "H87"}, {"uur", "HUR"},  {" Uren ", "HUR"},
