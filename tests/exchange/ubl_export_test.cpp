@@ -291,16 +291,19 @@ TEST_F(UblInvoices, WhatCannotBecomeAValidEInvoiceIsRefusedByName) {
         set(before);
     }
 
-    // An invoice without lines, and one whose saved total no longer matches its lines.
+    // An invoice without lines, one whose saved total no longer matches its lines, one that
+    // is gone and two of one number.
     database.exec("DELETE FROM ArtikelPerFactuur WHERE FactuurID=4");
     database.exec("UPDATE Factuur SET TotaalPrijs=TotaalPrijs+1 WHERE FactuurID=2");
-    EXPECT_FALSE(exportInvoices({4, 2, 99}));
+    database.exec("UPDATE Factuur SET Nummer=1001 WHERE FactuurID=3");
+    EXPECT_FALSE(exportInvoices({4, 2, 99, 1, 3}));
     EXPECT_EQ(ui.lastMessage().text,
               "Er zijn geen e-facturen gemaakt.\r\n"
               "Factuur 1004: de factuur heeft geen regels.\r\n"
               "Factuur 1002: het totaal van de factuur (663.3333) is niet de som van de regels "
               "(663.3332). Open de factuur en sla haar opnieuw op.\r\n"
-              "De factuur met sleutel 99 bestaat niet meer.");
+              "De factuur met sleutel 99 bestaat niet meer.\r\n"
+              "Er zijn twee facturen met nummer 1001. Geef een van beide een ander nummer.");
     EXPECT_FALSE(QFileInfo::exists(work("nooit")));
 
     // Many at once: the first ten reasons and how many more.

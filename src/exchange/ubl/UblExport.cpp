@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QSet>
 #include <QStringList>
 
 #include "base/Error.h"
@@ -48,6 +49,7 @@ bool makeDocuments(const QList<qint32>& factuurIds, Profile profile, QList<Docum
         return false;
     }
     QStringList refusals;
+    QSet<QString> fileNames;
     for (const qint32 id : factuurIds) {
         const std::optional<InvoiceRecords> records = loadInvoiceRecords(id);
         if (!records) {
@@ -55,11 +57,17 @@ bool makeDocuments(const QList<qint32>& factuurIds, Profile profile, QList<Docum
             continue;
         }
         const BuiltInvoice built = buildInvoice(*records, instellingen, profile);
-        if (built.refusal.isEmpty())
-            documents.append({built.invoice.number + QStringLiteral(".xml"),
-                              writeInvoice(built.invoice, profile)});
+        const QString fileName = built.invoice.number + QStringLiteral(".xml");
+        // Two invoices of one number would end up in one file.
+        if (built.refusal.isEmpty() && fileNames.contains(fileName))
+            refusals.append(QStringLiteral("Er zijn twee facturen met nummer %1. Geef een van "
+                                           "beide een ander nummer.")
+                                .arg(built.invoice.number));
+        else if (built.refusal.isEmpty())
+            documents.append({fileName, writeInvoice(built.invoice, profile)});
         else
             refusals.append(built.refusal);
+        fileNames.insert(fileName);
     }
     if (refusals.isEmpty())
         return true;
