@@ -323,6 +323,7 @@ TEST_F(UblInvoices, FilesAreWrittenIntoTheChosenFolderAskingBeforeReplacingOne) 
 
     EXPECT_FALSE(exportInvoices({1, 2}));  // the folder dialog cancelled
     EXPECT_EQ(ui.folderPrompts, QStringList{"Kies de map voor de e-facturen"});
+    EXPECT_EQ(ui.progressTitles, QStringList{"E-facturen maken"});
     EXPECT_EQ(ui.messages.size(), 1);
 
     const QString folder = exportTo("uit", {1, 2}, Profile::Peppol);

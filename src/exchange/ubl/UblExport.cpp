@@ -50,7 +50,14 @@ bool makeDocuments(const QList<qint32>& factuurIds, Profile profile, QList<Docum
     }
     QStringList refusals;
     QSet<QString> fileNames;
-    for (const qint32 id : factuurIds) {
+    // A long selection takes a while; the progress keeps the window alive and can stop it.
+    const auto progress =
+        ui::service().progress(QStringLiteral("E-facturen maken"), factuurIds.size());
+    for (qsizetype i = 0; i < factuurIds.size(); ++i) {
+        progress->setValue(i);
+        if (progress->wasCancelled())
+            return false;
+        const qint32 id = factuurIds.at(i);
         const std::optional<InvoiceRecords> records = loadInvoiceRecords(id);
         if (!records) {
             refusals.append(QStringLiteral("De factuur met sleutel %1 bestaat niet meer.").arg(id));
