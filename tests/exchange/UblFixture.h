@@ -97,7 +97,7 @@ protected:
         QString adres = QStringLiteral("Dorpsstraat 5"), postcode = QStringLiteral("1234 AB"),
                 plaats = QStringLiteral("Ergens");
     };
-    struct LineSpec {
+    struct LineEntry {
         qint32 artikelId;
         double aantal;
         double korting = 0;
@@ -199,7 +199,7 @@ protected:
     }
 
     // Saved as the invoice editor saves a new invoice: each line built from its article.
-    clsObjFactuur addInvoice(const QString& nummer, qint32 klantId, const QList<LineSpec>& lines) {
+    clsObjFactuur addInvoice(const QString& nummer, qint32 klantId, const QList<LineEntry>& lines) {
         clsObjFactuur factuur;
         clsObjKlant klant;
         klant.SetID(klantId);
@@ -209,18 +209,18 @@ protected:
         factuur.setDatum(QDateTime(QDate(2026, 3, 14), QTime(0, 0)));
         const clsObjBTW rates = clsObjBTW::rowInUse();
         factuur.setBTWId(rates.BTWId());
-        for (const LineSpec& spec : lines) {
+        for (const LineEntry& entry : lines) {
             clsObjArtikel artikel;
-            artikel.SetID(spec.artikelId);
+            artikel.SetID(entry.artikelId);
             artikel.Ophalen();
             clsObjArtikelPerFactuur line;
-            line.setArtikelID(spec.artikelId);
+            line.setArtikelID(entry.artikelId);
             line.setPrijs(artikel.Prijs());
-            line.setAantal(spec.aantal);
-            line.setKorting(spec.korting);
+            line.setAantal(entry.aantal);
+            line.setKorting(entry.korting);
             line.setBTWTarief(rates.GeefBTWPercentage(artikel.BTWTarief()));
             line.setTotaalPrijs(
-                clsObjArtikelPerFactuur::lineTotal(artikel.Prijs(), spec.aantal, spec.korting));
+                clsObjArtikelPerFactuur::lineTotal(artikel.Prijs(), entry.aantal, entry.korting));
             factuur.ArtikelenPerFactuur().append(line);
         }
         factuur.OpslaanFactuur();
