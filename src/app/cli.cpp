@@ -13,6 +13,7 @@
 #include "base/UiService.h"
 #include "exchange/DatabaseFile.h"
 #include "exchange/ExchangeRoutines.h"
+#include "exchange/ubl/UblExport.h"
 #include "store/clsDatabase.h"
 #include "store/clsObjAppInstellingen.h"
 
@@ -89,6 +90,21 @@ const Command kCommands[] = {
      [](const Invocation& call) {
          return exchange::restore(call.force ? exchange::RestoreCheck::None
                                              : exchange::RestoreCheck::ProgramDatabaseOnly);
+     }},
+    {"ubl",
+     "[--profiel peppol|nlcius] NUMMER... MAP",
+     "facturen als e-factuur (UBL 2.1) naar MAP/<nummer>.xml; Peppol tenzij nlcius",
+     {},
+     true,
+     {"--profiel", {QStringLiteral("peppol"), QStringLiteral("nlcius")}},
+     true,
+     true,
+     [](const Invocation& call) {
+         QList<qint64> numbers;
+         for (const QString& number : call.numbers) numbers.append(number.toLongLong());
+         return exchange::ubl::exportInvoiceNumbers(numbers, call.option == "nlcius"
+                                                                 ? exchange::ubl::Profile::NlCius
+                                                                 : exchange::ubl::Profile::Peppol);
      }},
 };
 

@@ -5,7 +5,8 @@
 // Copies whole files so that the target is at every moment either its old self or the
 // complete new copy: the bytes go to a temporary file beside the target, are flushed to
 // the disk, and only then renamed over the target. A crash, a full disk or a cancelled
-// progress dialog leaves the target as it was and no half file behind.
+// progress dialog leaves the target as it was and no half file behind. After the rename the
+// folder is flushed too, so that the new name survives a power cut.
 namespace filecopy {
 
 // With a progress title the copy shows a progress dialog (which keeps the window alive)
