@@ -1,25 +1,33 @@
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
 
 #include "RecordingUiService.h"
 #include "TestDatabase.h"
 #include "controllers/ViewFactory.h"
 #include "controllers/clsContrArtikelBewerken.h"
 #include "controllers/clsControllerArtikel.h"
+#include "controllers/clsControllerFactuur.h"
 #include "grid_qstring.h"
+#include "platform/clsHelp.h"
 #include "records/clsObjArtikelPerFactuur.h"
 #include "views/ListGrid.h"
 #include "views/QtViews.h"
 #include "views/frmArtikel.h"
 #include "views/frmArtikelBewerken.h"
 #include "views/frmBewerkRegel.h"
+#include "views/frmFactuur.h"
 
 namespace {
 
@@ -259,6 +267,59 @@ TEST_F(ArticleScreenTest, TheLineDialogFiltersKeysAndReportsCancelling) {
     closed.show();
     closed.close();
     EXPECT_TRUE(closed.Geannuleerd());
+}
+
+TEST_F(ArticleScreenTest, F1OpensTheArticlePageFromTheListAndTheEditScreenAndPrintingAsks) {
+    for (const char* name : {"Lindebrug.qch", "Lindebrug.qhc"})
+        QFile(database.file(name)).open(QIODevice::WriteOnly);
+    frmArtikelBewerken& edit = openNewArticle();
+    focus(edit.findChild<QLineEdit*>("txtOmschrijving"));
+    QTest::keyClick(edit.findChild<QLineEdit*>("txtOmschrijving"), Qt::Key_F1);
+    edit.hide();  // the list waits while the modal edit screen is open
+    auto* list = find<frmArtikel>("frmArtikel");
+    focus(list->findChild<QLineEdit*>("txtZoek"));
+    QTest::keyClick(list->findChild<QLineEdit*>("txtZoek"), Qt::Key_F1);
+    ASSERT_EQ(ui.startedPrograms.size(), 2);
+    for (const QStringList& started : ui.startedPrograms)
+        EXPECT_EQ(started.last(), clsHelp::pageUrl("artikelen.htm"));
+
+    list->findChild<QPushButton*>("cmdAfdrukken")->click();
+    EXPECT_EQ(ui.printerDialogs, 1) << "the user chooses the printer; cancelled, nothing printed";
+}
+
+// The register in the real frame: one screen, the close box cancels and ends it together with
+// its sub-window, and the menu opens a fresh one afterwards.
+TEST(ArticleInFrameTest, TheMenuOpensOneScreenAndItsCloseBoxEndsIt) {
+    TestDatabase database;
+    RecordingUiService ui;
+    installQtViews();
+    frmFactuur window{ShellServices{createProgramRegister, [] { return false; }}};
+    QTimer::singleShot(0, [] { QApplication::activeModalWidget()->close(); });
+    ASSERT_TRUE(window.startUp());
+    window.show();
+    auto* mdi = window.findChild<QMdiArea*>("mdiSchermen");
+    auto* menu = window.findChild<QAction*>("tlArtikelen");
+
+    menu->trigger();
+    menu->trigger();
+    ASSERT_EQ(mdi->subWindowList().size(), 1);
+    QPointer<QMdiSubWindow> sub = mdi->subWindowList().first();
+    QPointer<QWidget> screen = sub->widget();
+    EXPECT_EQ(screen->objectName(), "frmArtikel");
+    EXPECT_TRUE(sub->isVisible());
+
+    sub->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(screen.isNull()) << "its controller went, and the screen with it";
+    EXPECT_TRUE(sub.isNull());
+    EXPECT_EQ(window.controller().applicationController()->openRegister(Register::Artikelen),
+              nullptr);
+
+    menu->trigger();
+    ASSERT_EQ(mdi->subWindowList().size(), 1);
+    EXPECT_TRUE(mdi->subWindowList().first()->isVisible());
+    EXPECT_TRUE(ui.messages.isEmpty());
 }
 
 }  // namespace
