@@ -242,6 +242,27 @@ TEST_F(ArticleScreenTest, SelectionModeShowsQuantityAndDiscountAndEnterChooses) 
     EXPECT_FALSE(list->isVisible());
 }
 
+// Typing in txtZoek restarts tmrZoek; when typing pauses the list jumps to the first match,
+// and cmdVerder and cmdTerug move between matches.
+TEST_F(ArticleScreenTest, SearchFindsAsTypingPausesAndMovesBetweenMatches) {
+    database.exec("UPDATE Artikel SET Omschrijving='Lamp ' || Nummer WHERE Nummer IN ('2', '4')");
+    controller.StartArtikelen(false);
+    auto* list = find<frmArtikel>("frmArtikel");
+    auto* grid = list->findChild<ListGrid*>("fgrArtikelen");
+    auto* tmrZoek = list->findChild<QTimer*>("tmrZoek");
+    ASSERT_NE(tmrZoek, nullptr);
+    QTest::keyClicks(list->findChild<QLineEdit*>("txtZoek"), "lamp");
+    EXPECT_TRUE(tmrZoek->isActive());
+    // Waits for the timer as long as a slow machine needs; the time itself is not tested.
+    for (int wait = 0; wait < 100 && tmrZoek->isActive(); ++wait) QTest::qWait(50);
+    EXPECT_EQ(grid->currentRow(), 4) << "after the three \"Artikel\" rows";
+    EXPECT_EQ(grid->textMatrix(4, 1), "Lamp 2");
+    list->findChild<QPushButton*>("cmdVerder")->click();
+    EXPECT_EQ(grid->textMatrix(grid->currentRow(), 1), "Lamp 4");
+    list->findChild<QPushButton*>("cmdTerug")->click();
+    EXPECT_EQ(grid->textMatrix(grid->currentRow(), 1), "Lamp 2");
+}
+
 TEST_F(ArticleScreenTest, TheLineDialogFiltersKeysAndReportsCancelling) {
     frmBewerkRegel dialog;
     dialog.setAantal("2");
