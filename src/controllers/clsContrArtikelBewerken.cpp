@@ -117,7 +117,14 @@ void clsContrArtikelBewerken::BewerkVoorraad() {
 
 void clsContrArtikelBewerken::VoorraadBevestigen() {
     trapped([this] {
-        const qint32 voorraad = conv::toLong(conv::toDouble(stockView_->Voorraad()));
+        const QString typed = stockView_->Voorraad();
+        if (!conv::isNumeric(typed)) {
+            // The dialog stays open for a number.
+            ui::message(QStringLiteral("Ongeldige waarde ingevoerd"), QStringLiteral("Voorraad"),
+                        ui::Icon::Exclamation);
+            return;
+        }
+        const qint32 voorraad = conv::toLong(conv::toDouble(typed));
         // Written at once, whatever becomes of the edit: the count the user just made.
         UpdateVoorraad(artikel_ ? artikel_->artikelID() : 0, voorraad, false);
         VulVoorraadIn(voorraad);

@@ -8,6 +8,8 @@
 frmVoorraad::frmVoorraad(QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::frmVoorraad>()) {
     ui_->setupUi(this);
+    // Wide enough for its title and a large count, at any scale.
+    setMinimumWidth(fontMetrics().averageCharWidth() * 40);
     fieldrules::filterKeys(ui_->txtVoorraad, fieldrules::kDigits + u'-', true);
     connect(ui_->cmdOK, &QPushButton::clicked, this, [this] {
         if (controller_)

@@ -342,6 +342,13 @@ TEST_F(ArticleTest, StockConfirmedInTheDialogStaysWrittenWhenTheEditIsCancelled)
     edit.controller->BewerkVoorraad();
     EXPECT_EQ(edit.voorraad, "12");
 
+    screens.stockScript.typed = "veel";
+    edit.controller->BewerkVoorraad();
+    expectMessage("Ongeldige waarde ingevoerd", "Voorraad", ui::Icon::Exclamation);
+    EXPECT_EQ(edit.voorraad, "12");
+    EXPECT_EQ(column(id, "Voorraad").toInt(), 12);
+    ui.messages.clear();
+
     edit.controller->Annuleren();
     settle();
     EXPECT_EQ(column(id, "Voorraad").toInt(), 12);

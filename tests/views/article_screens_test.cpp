@@ -1,25 +1,33 @@
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
 
 #include "RecordingUiService.h"
 #include "TestDatabase.h"
 #include "controllers/ViewFactory.h"
 #include "controllers/clsContrArtikelBewerken.h"
 #include "controllers/clsControllerArtikel.h"
+#include "controllers/clsControllerFactuur.h"
 #include "grid_qstring.h"
+#include "platform/clsHelp.h"
 #include "records/clsObjArtikelPerFactuur.h"
 #include "views/ListGrid.h"
 #include "views/QtViews.h"
 #include "views/frmArtikel.h"
 #include "views/frmArtikelBewerken.h"
 #include "views/frmBewerkRegel.h"
+#include "views/frmFactuur.h"
 
 namespace {
 
@@ -102,10 +110,20 @@ TEST_F(ArticleScreenTest, ThePriceTakesCommaAndPointAndIsReshownInTwoDecimals) {
     EXPECT_EQ(txtPrijs->text(), "12,.");
     EXPECT_EQ(ui.sounds, QStringList{"Beep"});
 
-    txtPrijs->setText("12,5");
-    leave(edit.findChild<QWidget*>("txtOmschrijving"));
-    EXPECT_EQ(txtPrijs->text(), "12,50");
+    // The point groups thousands in the Dutch notation, as the manual warns.
+    for (const auto& [typed, shown] :
+         {std::pair<QString, QString>{"12,5", "12,50"}, {"1.250", "1250,00"}, {"0,125", "0,13"}}) {
+        focus(txtPrijs);
+        txtPrijs->setText(typed);
+        leave(edit.findChild<QWidget*>("txtOmschrijving"));
+        EXPECT_EQ(txtPrijs->text(), shown) << typed.toStdString();
+    }
     EXPECT_TRUE(ui.messages.isEmpty());
+    focus(txtPrijs);
+    txtPrijs->setText("12.50");
+    leave(edit.findChild<QWidget*>("txtOmschrijving"));
+    ASSERT_EQ(ui.messages.size(), 1);
+    EXPECT_EQ(ui.lastMessage().text, "Ongeldige waarde voor prijs ingevuld");
 }
 
 // Each field that checks its value on leaving keeps the focus on a wrong value.
@@ -224,6 +242,27 @@ TEST_F(ArticleScreenTest, SelectionModeShowsQuantityAndDiscountAndEnterChooses) 
     EXPECT_FALSE(list->isVisible());
 }
 
+// Typing in txtZoek restarts tmrZoek; when typing pauses the list jumps to the first match,
+// and cmdVerder and cmdTerug move between matches.
+TEST_F(ArticleScreenTest, SearchFindsAsTypingPausesAndMovesBetweenMatches) {
+    database.exec("UPDATE Artikel SET Omschrijving='Lamp ' || Nummer WHERE Nummer IN ('2', '4')");
+    controller.StartArtikelen(false);
+    auto* list = find<frmArtikel>("frmArtikel");
+    auto* grid = list->findChild<ListGrid*>("fgrArtikelen");
+    auto* tmrZoek = list->findChild<QTimer*>("tmrZoek");
+    ASSERT_NE(tmrZoek, nullptr);
+    QTest::keyClicks(list->findChild<QLineEdit*>("txtZoek"), "lamp");
+    EXPECT_TRUE(tmrZoek->isActive());
+    // Waits for the timer as long as a slow machine needs; the time itself is not tested.
+    for (int wait = 0; wait < 100 && tmrZoek->isActive(); ++wait) QTest::qWait(50);
+    EXPECT_EQ(grid->currentRow(), 4) << "after the three \"Artikel\" rows";
+    EXPECT_EQ(grid->textMatrix(4, 1), "Lamp 2");
+    list->findChild<QPushButton*>("cmdVerder")->click();
+    EXPECT_EQ(grid->textMatrix(grid->currentRow(), 1), "Lamp 4");
+    list->findChild<QPushButton*>("cmdTerug")->click();
+    EXPECT_EQ(grid->textMatrix(grid->currentRow(), 1), "Lamp 2");
+}
+
 TEST_F(ArticleScreenTest, TheLineDialogFiltersKeysAndReportsCancelling) {
     frmBewerkRegel dialog;
     dialog.setAantal("2");
@@ -249,6 +288,59 @@ TEST_F(ArticleScreenTest, TheLineDialogFiltersKeysAndReportsCancelling) {
     closed.show();
     closed.close();
     EXPECT_TRUE(closed.Geannuleerd());
+}
+
+TEST_F(ArticleScreenTest, F1OpensTheArticlePageFromTheListAndTheEditScreenAndPrintingAsks) {
+    for (const char* name : {"Lindebrug.qch", "Lindebrug.qhc"})
+        QFile(database.file(name)).open(QIODevice::WriteOnly);
+    frmArtikelBewerken& edit = openNewArticle();
+    focus(edit.findChild<QLineEdit*>("txtOmschrijving"));
+    QTest::keyClick(edit.findChild<QLineEdit*>("txtOmschrijving"), Qt::Key_F1);
+    edit.hide();  // the list waits while the modal edit screen is open
+    auto* list = find<frmArtikel>("frmArtikel");
+    focus(list->findChild<QLineEdit*>("txtZoek"));
+    QTest::keyClick(list->findChild<QLineEdit*>("txtZoek"), Qt::Key_F1);
+    ASSERT_EQ(ui.startedPrograms.size(), 2);
+    for (const QStringList& started : ui.startedPrograms)
+        EXPECT_EQ(started.last(), clsHelp::pageUrl("artikelen.htm"));
+
+    list->findChild<QPushButton*>("cmdAfdrukken")->click();
+    EXPECT_EQ(ui.printerDialogs, 1) << "the user chooses the printer; cancelled, nothing printed";
+}
+
+// The register in the real frame: one screen, the close box cancels and ends it together with
+// its sub-window, and the menu opens a fresh one afterwards.
+TEST(ArticleInFrameTest, TheMenuOpensOneScreenAndItsCloseBoxEndsIt) {
+    TestDatabase database;
+    RecordingUiService ui;
+    installQtViews();
+    frmFactuur window{ShellServices{createProgramRegister, [] { return false; }}};
+    QTimer::singleShot(0, [] { QApplication::activeModalWidget()->close(); });
+    ASSERT_TRUE(window.startUp());
+    window.show();
+    auto* mdi = window.findChild<QMdiArea*>("mdiSchermen");
+    auto* menu = window.findChild<QAction*>("tlArtikelen");
+
+    menu->trigger();
+    menu->trigger();
+    ASSERT_EQ(mdi->subWindowList().size(), 1);
+    QPointer<QMdiSubWindow> sub = mdi->subWindowList().first();
+    QPointer<QWidget> screen = sub->widget();
+    EXPECT_EQ(screen->objectName(), "frmArtikel");
+    EXPECT_TRUE(sub->isVisible());
+
+    sub->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(screen.isNull()) << "its controller went, and the screen with it";
+    EXPECT_TRUE(sub.isNull());
+    EXPECT_EQ(window.controller().applicationController()->openRegister(Register::Artikelen),
+              nullptr);
+
+    menu->trigger();
+    ASSERT_EQ(mdi->subWindowList().size(), 1);
+    EXPECT_TRUE(mdi->subWindowList().first()->isVisible());
+    EXPECT_TRUE(ui.messages.isEmpty());
 }
 
 }  // namespace
