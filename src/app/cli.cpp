@@ -10,6 +10,7 @@
 #include <cstdio>
 
 #include "base/UiService.h"
+#include "controllers/JetMigrationController.h"
 #include "exchange/ExchangeRoutines.h"
 #include "store/clsObjAppInstellingen.h"
 
@@ -23,6 +24,8 @@ const char* const kUsage =
     "  import Klant|Artikel BESTAND       regels van BESTAND toevoegen aan de tabel\n"
     "  backup MAP                         db.daa kopieren naar MAP/<ddmmjjjj>db.bu1\n"
     "  restore BESTAND                    db.daa vervangen door de backup BESTAND\n"
+    "  omzetten [--controle] OUD.daa      database van een eerdere versie (Access) omzetten\n"
+    "                                     naar db.daa; --controle: alleen controleren\n"
     "  --help                             deze uitleg\n"
     "\n"
     "Een vraag (bijvoorbeeld of een bestaand bestand overschreven mag worden) wordt met\n"
@@ -85,6 +88,9 @@ bool databasePresent() {
 }
 
 bool run(const Command& command) {
+    if (command.name == QLatin1String("omzetten"))
+        return JetMigrationController::convertCommand(
+            command.path, command.subject == QLatin1String("--controle"));
     if (command.name == QLatin1String("restore"))
         return exchange::restore();
     if (!databasePresent())
@@ -111,10 +117,14 @@ int main(int argc, char* argv[]) {
         return usageError(QStringLiteral("Geen opdracht gegeven."));
 
     Command command{arguments.takeFirst(), QString(), QString()};
+    if (command.name == QLatin1String("omzetten") &&
+        arguments.removeAll(QStringLiteral("--controle")) > 0)
+        command.subject = QStringLiteral("--controle");
     const bool withSubject =
         command.name == QLatin1String("export") || command.name == QLatin1String("import");
     const bool known = withSubject || command.name == QLatin1String("backup") ||
-                       command.name == QLatin1String("restore");
+                       command.name == QLatin1String("restore") ||
+                       command.name == QLatin1String("omzetten");
     if (!known)
         return usageError(QStringLiteral("Onbekende opdracht: ") + command.name);
     if (arguments.size() != (withSubject ? 2 : 1))

@@ -4,6 +4,7 @@
 
 #include "base/Error.h"
 #include "base/UiService.h"
+#include "controllers/JetMigrationController.h"
 #include "controllers/ShellViews.h"
 #include "controllers/ViewFactory.h"
 #include "controllers/clsControllerFactuur.h"
@@ -27,6 +28,8 @@ MainWindowController::~MainWindowController() {
 }
 
 bool MainWindowController::startUp() {
+    if (!JetMigrationController::bringOverOldDatabase())
+        return false;
     registerMainWindow(&view_);
 
     clsObjAppInstellingen database;
