@@ -36,7 +36,8 @@ class JetFolder {
 public:
     explicit JetFolder(const QString& fixtureName, const QString& name = "db.daa") {
         QFile::copy(fixture(fixtureName), folder.file(name));
-        QFile::setPermissions(folder.file(name), QFile::ReadOwner | QFile::WriteOwner);
+        QFile::setPermissions(folder.file(name), QFile::ReadOwner | QFile::WriteOwner |
+                                                     QFile::ReadGroup | QFile::ReadOther);
         original = readAll(folder.file(name));
     }
     QString database() const { return folder.file("db.daa"); }
@@ -97,6 +98,7 @@ TEST(JetMigration, ReplacesInPlaceKeepingTheOldFileAndSettingOrphansApart) {
     const jet::MigrationResult result = jet::migrate(folder.database(), folder.database());
 
     EXPECT_FALSE(jet::isJetFile(folder.database()));
+    EXPECT_EQ(QFileInfo(folder.database()).permissions(), QFileInfo(result.keptAs).permissions());
     EXPECT_EQ(result.keptAs, folder.database() + ".jet");
     EXPECT_EQ(readAll(result.keptAs), folder.original);
     EXPECT_EQ(
@@ -126,6 +128,7 @@ TEST(JetMigration, ReplacesInPlaceKeepingTheOldFileAndSettingOrphansApart) {
     const QString report = QString::fromUtf8(readAll(result.reportFile));
     EXPECT_TRUE(report.contains("  ArtikelPerFactuur   : 836\r\n")) << report.toStdString();
     EXPECT_TRUE(report.contains(result.stockDifferences.first()));
+    EXPECT_TRUE(report.contains("Het oude daa.mdb is bewaard als " + result.stockFileKeptAs));
     EXPECT_EQ(QFileInfo(folder.folder.file("daa.mdb")).symLinkTarget(), folder.database());
     EXPECT_TRUE(jet::isJetFile(result.stockFileKeptAs));
 }

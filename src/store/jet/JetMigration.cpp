@@ -113,16 +113,23 @@ QByteArray orphanCsv(const ConversionResult& conversion) {
 }
 
 // The old program's daa.mdb received the stock changes; the new db.daa holds them from now
-// on, so daa.mdb becomes a link to it, as a new installation has it.
-QString replaceStockFile(const QString& target) {
-    const QDir folder = QFileInfo(target).dir();
-    const QString stockFile = folder.filePath(QStringLiteral("daa.mdb"));
+// on, so daa.mdb becomes a link to it, as a new installation has it. The name the old one
+// is kept under; empty when there is no old daa.mdb beside target.
+QString stockFileToReplace(const QString& target) {
+    const QString stockFile = QFileInfo(target).dir().filePath(QStringLiteral("daa.mdb"));
     if (!isJetFile(stockFile) || QFileInfo(stockFile).isSymLink())
         return QString();
-    const QString kept = freeName(stockFile + QStringLiteral(".jet"));
-    if (!QFile::rename(stockFile, kept) || !QFile::link(QFileInfo(target).fileName(), stockFile))
+    return freeName(stockFile + QStringLiteral(".jet"));
+}
+
+void replaceStockFile(const QString& target, const QString& keptAs) {
+    const QString stockFile = QFileInfo(target).dir().filePath(QStringLiteral("daa.mdb"));
+    if (!QFile::rename(stockFile, keptAs))
+        throw fileError(QStringLiteral("Het bewaren van"), stockFile);
+    if (!QFile::link(QFileInfo(target).fileName(), stockFile)) {
+        QFile::rename(keptAs, stockFile);
         throw fileError(QStringLiteral("Het vervangen van"), stockFile);
-    return kept;
+    }
 }
 
 }  // namespace
@@ -155,20 +162,34 @@ MigrationResult migrate(const QString& source, const QString& target,
     result.reportFile = besideSource(source, QStringLiteral("-omzetverslag.txt"));
     const bool inPlace = sameFile(source, target);
     if (QFileInfo::exists(target))
-        result.keptAs = inPlace ? freeName(target + QStringLiteral(".jet"))
-                                : freeName(target + QStringLiteral(".vorige"));
+        result.keptAs =
+            freeName(target + (inPlace ? QStringLiteral(".jet") : QStringLiteral(".vorige")));
+    if (inPlace)
+        result.stockFileKeptAs = stockFileToReplace(target);
     writeReplacing(result.reportFile, reportText(source, result).toUtf8());
 
+    // The new database is the user's as the old one was: the same permissions, writable.
+    const QFileInfo replaced(QFileInfo::exists(target) ? target : source);
+    converted.setPermissions(replaced.permissions() | QFileDevice::ReadOwner |
+                             QFileDevice::WriteOwner);
     syncPath(converted.fileName(), false);
     if (!result.keptAs.isEmpty())
         keepAs(target, result.keptAs);
+    if (!result.stockFileKeptAs.isEmpty())
+        replaceStockFile(target, result.stockFileKeptAs);
     if (std::rename(QFile::encodeName(converted.fileName()).constData(),
-                    QFile::encodeName(target).constData()) != 0)
+                    QFile::encodeName(target).constData()) != 0) {
+        // Back to how it was: the kept name was only a second one, daa.mdb a rename.
+        if (!result.stockFileKeptAs.isEmpty()) {
+            const QString stockFile = QFileInfo(target).dir().filePath(QStringLiteral("daa.mdb"));
+            QFile::remove(stockFile);
+            QFile::rename(result.stockFileKeptAs, stockFile);
+        }
+        QFile::remove(result.keptAs);
         throw fileError(QStringLiteral("Het vervangen van"), target);
+    }
     converted.setAutoRemove(false);
     syncPath(QFileInfo(target).absolutePath(), true);
-    if (inPlace)
-        result.stockFileKeptAs = replaceStockFile(target);
     return result;
 }
 
@@ -204,6 +225,11 @@ QString reportText(const QString& source, const MigrationResult& result) {
                     "bestaat; ze staan in %2.\r\n")
                     .arg(result.conversion.orphans.size())
                     .arg(QDir::toNativeSeparators(result.orphanFile));
+    if (!result.stockFileKeptAs.isEmpty())
+        text += QStringLiteral(
+                    "\r\nHet oude daa.mdb is bewaard als %1; daa.mdb verwijst nu naar "
+                    "db.daa.\r\n")
+                    .arg(QDir::toNativeSeparators(result.stockFileKeptAs));
     if (!result.stockDifferences.isEmpty()) {
         text += QStringLiteral(
             "\r\nDe voorraad in daa.mdb wijkt af van die in db.daa; het "
