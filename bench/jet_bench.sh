@@ -35,6 +35,10 @@ hyperfine --shell bash --warmup 1 --runs "${JET_BENCH_RUNS:-5}" --export-csv jet
 awk -F, 'NR == 2 { ours = $(NF - 6) }
   NR == 3 { printf "omzetten: lindebrug %.3f s, mdb-export | sqlite3 %.3f s, ratio %.2f\n",
             ours, $(NF - 6), ours / $(NF - 6) }' jet.csv
+# One more of each, to compare what they hold (hyperfine's --prepare removed the last).
+rm -f program/db.daa program/db.daa.vorige naive.daa
+program/lindebrug-cli --yes omzetten OUD.daa >/dev/null
+bash naive.sh
 echo "rows: $(sqlite3 program/db.daa 'SELECT COUNT(*) FROM ArtikelPerFactuur') lines;" \
   "sum of line totals: lindebrug $(sqlite3 program/db.daa 'SELECT SUM(TotaalPrijs) / 10000.0 FROM ArtikelPerFactuur')," \
   "naive $(sqlite3 naive.daa 'SELECT SUM(TotaalPrijs) FROM ArtikelPerFactuur')"

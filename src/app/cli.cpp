@@ -12,7 +12,9 @@
 #include "base/UiService.h"
 #include "controllers/JetMigrationController.h"
 #include "exchange/ExchangeRoutines.h"
+#include "store/clsDatabase.h"
 #include "store/clsObjAppInstellingen.h"
+#include "store/jet/JetReader.h"
 
 namespace {
 
@@ -81,6 +83,12 @@ int usageError(const QString& problem) {
 }
 
 bool databasePresent() {
+    if (jet::isJetFile(clsDatabase::DatabasePath())) {
+        ui::message(QStringLiteral("db.daa staat nog in het oude formaat (Access). Zet het "
+                                   "eerst om met: lindebrug-cli omzetten ") +
+                    clsDatabase::DatabasePath());
+        return false;
+    }
     if (clsObjAppInstellingen().DatabaseNietOpAlleenLezen())
         return true;
     ui::message(QStringLiteral("Databasebestand ontbreekt"), QString(), ui::Icon::Critical);

@@ -74,6 +74,14 @@ TEST_F(JetCliTest, ChecksRefusesToOverwriteInvoicesUnlessTold) {
     EXPECT_EQ(jet::invoiceCount(database.path()), 123);
     EXPECT_EQ(jet::invoiceCount(database.path() + ".vorige"), 1);
     EXPECT_TRUE(jet::isJetFile(old())) << "the old file given is left as it is";
+
+    // Other commands on an old db.daa say what to do instead of failing on the format.
+    QFile::remove(database.path());
+    QFile::copy(old(), database.path());
+    EXPECT_EQ(run({"backup", work.path()}),
+              "1 db.daa staat nog in het oude formaat (Access). Zet het eerst om met: "
+              "lindebrug-cli omzetten " +
+                  database.path() + "\n");
 }
 
 }  // namespace

@@ -31,8 +31,9 @@ Error writeError(sqlite3* db, const QString& what) {
 class NewDatabase {
 public:
     explicit NewDatabase(const QString& path) {
-        const int rc = sqlite3_open_v2(QFile::encodeName(path).constData(), &db_,
-                                       SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
+        const int rc = sqlite3_open_v2(
+            QFile::encodeName(path).constData(), &db_,
+            SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX, nullptr);
         if (rc != SQLITE_OK)
             throw writeError(db_, QStringLiteral("openen"));
     }
