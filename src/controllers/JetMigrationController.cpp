@@ -49,8 +49,13 @@ QString summary(const jet::MigrationResult& result) {
                     "programma houdt die van db.daa aan (zie het verslag).\r\n")
                     .arg(result.stockDifferences.size());
     if (!result.keptAs.isEmpty())
-        text += QStringLiteral("\r\nHet oorspronkelijke bestand is bewaard als %1.")
-                    .arg(native(result.keptAs));
+        text +=
+            QStringLiteral("\r\nHet vorige db.daa is bewaard als %1.").arg(native(result.keptAs));
+    if (!result.stockFileKeptAs.isEmpty())
+        text += QStringLiteral(
+                    "\r\nHet oude daa.mdb is bewaard als %1; daa.mdb verwijst nu naar "
+                    "db.daa.")
+                    .arg(native(result.stockFileKeptAs));
     return text + QStringLiteral("\r\nHet verslag staat in %1.").arg(native(result.reportFile));
 }
 

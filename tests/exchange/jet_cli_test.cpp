@@ -62,7 +62,7 @@ TEST_F(JetCliTest, ChecksRefusesToOverwriteInvoicesUnlessTold) {
              "? De huidige wordt bewaard als db.daa.vorige. Ja\n"
              "De database is omgezet naar het nieuwe formaat.\n\n" +
              counts + "ze staan in " + work.filePath("OUD-regels-zonder-factuur.csv") +
-             ".\n\nHet oorspronkelijke bestand is bewaard als " + database.path() +
+             ".\n\nHet vorige db.daa is bewaard als " + database.path() +
              ".vorige.\nHet verslag staat in " + work.filePath("OUD-omzetverslag.txt") + ".\n"},
     };
     for (const auto& [arguments, output] : steps) {

@@ -217,7 +217,7 @@ QString reportText(const QString& source, const MigrationResult& result) {
     for (const TableCount& table : result.conversion.tables)
         text += QStringLiteral("  %1: %2\r\n").arg(table.table, -20).arg(table.rows);
     if (!result.keptAs.isEmpty())
-        text += QStringLiteral("\r\nHet vervangen bestand is bewaard als %1.\r\n")
+        text += QStringLiteral("\r\nHet vorige db.daa is bewaard als %1.\r\n")
                     .arg(QDir::toNativeSeparators(result.keptAs));
     if (!result.orphanFile.isEmpty())
         text += QStringLiteral(
