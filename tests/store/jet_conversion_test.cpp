@@ -4,12 +4,14 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QLocale>
 #include <csignal>
 
 #include "base/Error.h"
 #include "jet_fixture.h"
 #include "store/jet/JetMigration.h"
 #include "store/jet/JetReader.h"
+#include "store/jet/JetText.h"
 
 using namespace jettest;
 
@@ -108,8 +110,24 @@ TEST(JetMigration, ReplacesInPlaceKeepingTheOldFileAndSettingOrphansApart) {
     const QList<QByteArray> lines =
         readAll(folder.folder.file("db-regels-zonder-factuur.csv")).split('\n');
     ASSERT_EQ(lines.size(), 4);  // header, two lines, and the end after the last CR LF
-    EXPECT_TRUE(lines[0].startsWith("FactuurArtikelID;FactuurID;ArtikelId;Aantal;Prijs;"));
-    for (const QByteArray& line : lines.mid(1, 2)) EXPECT_EQ(line.split(';').value(1), "10");
+    // The two lines of invoice 10 as its rows read, money with its four decimals.
+    const QStringList header = QString::fromUtf8(lines[0].trimmed()).split(';');
+    EXPECT_EQ(header.mid(0, 5),
+              (QStringList{"FactuurArtikelID", "FactuurID", "ArtikelId", "Aantal", "Prijs"}));
+    QStringList orphans;
+    for (const QJsonValue row :
+         expectedTables("db-jet4.expected.json").value("ArtikelPerFactuur")["rows"].toArray()) {
+        if (row["FactuurID"].toInt() != 10)
+            continue;
+        QStringList fields;
+        for (const QString& column : header)
+            fields << (row[column].isString() ? row[column].toString()
+                                              : QString::number(row[column].toDouble(), 'g',
+                                                                QLocale::FloatingPointShortest));
+        orphans << fields.join(';');
+    }
+    EXPECT_EQ(QString::fromUtf8(lines[1].trimmed() + "\n" + lines[2].trimmed()),
+              orphans.join('\n'));
 
     // Stock that differs between the two files, article by article, from their rows.
     QHash<int, int> ours, theirs;
@@ -257,5 +275,28 @@ TEST_P(JetKillTest, AKilledConversionLeavesTheOldFile) {
 }
 
 INSTANTIATE_TEST_SUITE_P(AtReport, JetKillTest, testing::Values(1, 4, 7));
+
+}  // namespace
+
+namespace {
+
+class MoneyTextTest : public testing::TestWithParam<std::pair<qint64, const char*>> {};
+
+// Exact text of an amount: small negatives keep their sign, the extremes their digits.
+TEST_P(MoneyTextTest, FourDecimalsExactly) {
+    EXPECT_EQ(jet::moneyText(GetParam().first), GetParam().second);
+}
+
+INSTANTIATE_TEST_SUITE_P(Amounts, MoneyTextTest,
+                         testing::Values(std::pair<qint64, const char*>{0, "0.0000"},
+                                         std::pair<qint64, const char*>{-500, "-0.0500"},
+                                         std::pair<qint64, const char*>{123456789, "12345.6789"},
+                                         std::pair<qint64, const char*>{INT64_MIN,
+                                                                        "-922337203685477.5808"}));
+
+TEST(JetCsv, QuotesWhatWouldSplitAField) {
+    EXPECT_EQ(jet::csvLine({"a", "b;c", "d\"e", "x\r\ny", ""}),
+              QByteArray("a;\"b;c\";\"d\"\"e\";\"x\r\ny\";\r\n"));
+}
 
 }  // namespace

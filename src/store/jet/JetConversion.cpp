@@ -4,6 +4,8 @@
 
 #include <QFile>
 #include <QRegularExpression>
+#include <QSet>
+#include <algorithm>
 #include <cfloat>
 #include <limits>
 #include <optional>
