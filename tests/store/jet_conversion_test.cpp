@@ -276,6 +276,24 @@ TEST_P(JetKillTest, AKilledConversionLeavesTheOldFile) {
 
 INSTANTIATE_TEST_SUITE_P(AtReport, JetKillTest, testing::Values(1, 4, 7));
 
+// Cancelled in the progress dialog: the same as a refusal, with the cancel's own number.
+TEST(JetMigration, ACancelledConversionChangesNothing) {
+    JetFolder folder("db-jet4.daa");
+    int reports = 0;
+    try {
+        jet::migrate(folder.database(), folder.database(), [&](qint64 done, qint64 total) {
+            EXPECT_EQ(total, 1071);
+            EXPECT_LE(done, total);
+            return ++reports < 5;
+        });
+        ADD_FAILURE() << "converted";
+    } catch (const Error& error) {
+        EXPECT_EQ(error.number(), Error::DialogCancelled);
+    }
+    EXPECT_EQ(folder.files(), QStringList{"db.daa"});
+    EXPECT_EQ(readAll(folder.database()), folder.original);
+}
+
 }  // namespace
 
 namespace {
