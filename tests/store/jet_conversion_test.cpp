@@ -152,15 +152,16 @@ TEST(JetMigration, ReplacesInPlaceKeepingTheOldFileAndSettingOrphansApart) {
 }
 
 TEST(JetMigration, ReplacingAnotherDatabaseKeepsItAsVorige) {
+    JetFolder old("db-jet4-empty.daa", "OUD.daa");
     TestDatabase current;
     const QByteArray before = readAll(current.path());
-    const jet::MigrationResult result = jet::migrate(fixture("db-jet4-empty.daa"), current.path());
+    const jet::MigrationResult result = jet::migrate(old.folder.file("OUD.daa"), current.path());
     EXPECT_EQ(result.keptAs, current.path() + ".vorige");
     EXPECT_EQ(readAll(result.keptAs), before);
     EXPECT_EQ(jet::invoiceCount(current.path()), 0);
-    EXPECT_EQ(jet::invoiceCount(fixture("db-jet4-empty.daa")), -1);
-    EXPECT_EQ(result.reportFile, fixture("db-jet4-empty-omzetverslag.txt"));
-    QFile::remove(result.reportFile);
+    EXPECT_EQ(jet::invoiceCount(old.folder.file("OUD.daa")), -1);
+    EXPECT_EQ(old.files(), (QStringList{"OUD-omzetverslag.txt", "OUD.daa"}));
+    EXPECT_EQ(readAll(old.folder.file("OUD.daa")), old.original);
 }
 
 struct Refusal {

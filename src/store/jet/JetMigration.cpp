@@ -80,9 +80,13 @@ bool sameFile(const QString& a, const QString& b) {
     return !canonical.isEmpty() && canonical == QFileInfo(b).canonicalFilePath();
 }
 
-QString besideSource(const QString& source, const QString& suffix) {
+// Beside the old file, or beside the new one when the old one lies where nothing can be
+// written (a CD, a read-only share).
+QString besideSource(const QString& source, const QString& target, const QString& suffix) {
     const QFileInfo info(source);
-    return info.dir().filePath(info.completeBaseName() + suffix);
+    const QDir folder =
+        QFileInfo(info.absolutePath()).isWritable() ? info.dir() : QFileInfo(target).dir();
+    return folder.filePath(info.completeBaseName() + suffix);
 }
 
 QStringList stockDifferences(const QString& source, const QHash<qint64, qint64>& kept) {
@@ -156,10 +160,11 @@ MigrationResult migrate(const QString& source, const QString& target,
     result.conversion = convert(source, converted.fileName(), progress, schema);
     result.stockDifferences = stockDifferences(source, result.conversion.stock);
     if (!result.conversion.orphans.isEmpty()) {
-        result.orphanFile = besideSource(source, QStringLiteral("-regels-zonder-factuur.csv"));
+        result.orphanFile =
+            besideSource(source, target, QStringLiteral("-regels-zonder-factuur.csv"));
         writeReplacing(result.orphanFile, orphanCsv(result.conversion));
     }
-    result.reportFile = besideSource(source, QStringLiteral("-omzetverslag.txt"));
+    result.reportFile = besideSource(source, target, QStringLiteral("-omzetverslag.txt"));
     const bool inPlace = sameFile(source, target);
     if (QFileInfo::exists(target))
         result.keptAs =
