@@ -32,6 +32,10 @@ struct StartUpCase {
     QString lastText;  // the start of the last message; %1 is db.daa's path
 };
 
+void PrintTo(const StartUpCase& c, std::ostream* os) {
+    *os << c.name;
+}
+
 class JetStartUpTest : public testing::TestWithParam<StartUpCase> {
 protected:
     JetStartUpTest() {

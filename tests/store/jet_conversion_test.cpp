@@ -55,6 +55,10 @@ struct Fixture {
     int deletedInvoice;  // its lines are left in the file; 0 for none
 };
 
+void PrintTo(const Fixture& f, std::ostream* os) {
+    *os << f.file;
+}
+
 class JetFixtureTest : public testing::TestWithParam<Fixture> {};
 
 // Every cell as the old program held it, money exact, Null apart from "", dates with their
@@ -175,6 +179,10 @@ struct Refusal {
 QString schemaWith(std::pair<const char*, const char*> change) {
     QString schema = QString::fromUtf8(readAll(TestDatabase::schemaScript()));
     return change.first ? schema.replace(change.first, change.second) : schema;
+}
+
+void PrintTo(const Refusal& r, std::ostream* os) {
+    *os << r.name;
 }
 
 class JetRefusalTest : public testing::TestWithParam<Refusal> {};
