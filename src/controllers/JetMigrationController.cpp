@@ -2,9 +2,11 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QProcess>
 #include <memory>
 
 #include "base/Error.h"
+#include "base/ProgramFolder.h"
 #include "base/UiService.h"
 #include "store/clsDatabase.h"
 #include "store/jet/JetMigration.h"
@@ -137,6 +139,25 @@ bool mayReplace(const QString& oldFile) {
     return false;
 }
 
+// libmdb trusts the page maps of the file; a badly damaged file can make it crash. At
+// start-up, where a crash would stop the program at every start, the file is therefore read
+// once by lindebrug-cli in a process of its own. Without lindebrug-cli beside the program
+// the conversion reads it directly.
+bool survivesReading(const QString& database) {
+    const QString cli =
+        ProgramFolder::withSeparator(ProgramFolder::path()) + QStringLiteral("lindebrug-cli");
+    if (!QFileInfo(cli).isExecutable())
+        return true;
+    QProcess check;
+    check.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    check.start(cli, {QStringLiteral("omzetten"), QStringLiteral("--controle"), database});
+    const std::unique_ptr<ui::Progress> progress =
+        ui::service().progress(QStringLiteral("db.daa controleren"), 0);
+    while (!check.waitForFinished(100) && check.state() != QProcess::NotRunning)
+        progress->setValue(0);
+    return check.exitStatus() == QProcess::NormalExit && check.error() != QProcess::Crashed;
+}
+
 }  // namespace
 
 bool bringOverOldDatabase() {
@@ -154,6 +175,12 @@ bool bringOverOldDatabase() {
                                    "formaat. Het programma wordt afgesloten; db.daa is niet "
                                    "veranderd."),
                     kCaption, ui::Icon::Exclamation);
+        return false;
+    }
+    if (!survivesReading(database)) {
+        ui::message(QStringLiteral("db.daa is zo beschadigd dat het niet kan worden gelezen. Er is "
+                                   "niets veranderd; Lindebrug wordt afgesloten."),
+                    kCaption, ui::Icon::Critical);
         return false;
     }
     return migrate(database, true);

@@ -26,8 +26,10 @@ struct StartUpCase {
     const char* name;
     const char* fixture;  // nullptr: a db.daa of the current format
     qint64 truncateTo;
+    bool withCli;  // lindebrug-cli beside the program, to read the file first on its own
     ui::Answer answer;
     bool carriesOn;
+    int progresses;
     ui::Icon lastIcon;
     QString lastText;  // the start of the last message; %1 is db.daa's path
 };
@@ -47,6 +49,8 @@ protected:
             if (GetParam().truncateTo)
                 QFile::resize(database.path(), GetParam().truncateTo);
         }
+        if (GetParam().withCli)
+            QFile::copy(LINDEBRUG_CLI, database.file("lindebrug-cli"));
         original = readAll(database.path());
     }
 
@@ -82,26 +86,37 @@ TEST_P(JetStartUpTest, AsksConvertsAndReports) {
     EXPECT_EQ(QFile::exists(database.path() + ".jet"), converted);
     if (!converted)
         EXPECT_EQ(readAll(database.path()), original);
-    EXPECT_EQ(ui.progressTitles.size(), c.answer == ui::Answer::Yes ? 1 : 0);
+    EXPECT_EQ(ui.progressTitles.size(), c.progresses);
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Cases, JetStartUpTest,
     testing::Values(
-        StartUpCase{"Converted", "db-jet4-orphans.daa", 0, ui::Answer::Yes, true,
+        StartUpCase{"Converted", "db-jet4-orphans.daa", 0, false, ui::Answer::Yes, true, 1,
                     ui::Icon::Information,
                     "De database is omgezet naar het nieuwe formaat.\r\n\r\nBTW: 3 rijen\r\n"
                     "Artikel: 64 rijen\r\nKlant: 41 rijen\r\nFactuur: 123 rijen\r\n"
                     "ArtikelPerFactuur: 836 rijen\r\nInstellingen: 1 rij\r\n\r\n2 factuurregels "
                     "hoorden bij een factuur die niet meer bestaat; ze staan in "},
-        StartUpCase{"Declined", "db-jet4.daa", 0, ui::Answer::No, false, ui::Icon::Exclamation,
+        StartUpCase{"Declined", "db-jet4.daa", 0, true, ui::Answer::No, false, 0,
+                    ui::Icon::Exclamation,
                     "Lindebrug kan niet werken met een database in het oude formaat. Het "
                     "programma wordt afgesloten; db.daa is niet veranderd."},
-        StartUpCase{"Damaged", "db-jet4.daa", 76 * 4096, ui::Answer::Yes, false, ui::Icon::Critical,
+        StartUpCase{"Incomplete", "db-jet4.daa", 76 * 4096, false, ui::Answer::Yes, false, 1,
+                    ui::Icon::Critical,
                     "%1 kon niet worden omgezet.\r\n\r\nHet oude bestand is beschadigd of "
                     "onvolledig: van de tabel Instellingen zijn 0 van de 1 rijen te lezen.\r\n\r\n"
                     "Er is niets veranderd: %1 is gebleven zoals het was."},
-        StartUpCase{"CurrentFormat", nullptr, 0, ui::Answer::Yes, true, ui::Icon::None, ""}),
+        StartUpCase{"CheckedFirstThenConverted", "db-jet4-earliest.daa", 0, true, ui::Answer::Yes,
+                    true, 2, ui::Icon::Information,
+                    "De database is omgezet naar het nieuwe formaat.\r\n\r\nBTW: 1 rij\r\n"},
+        // So damaged that reading it makes libmdb crash: the crash is the checking process's.
+        StartUpCase{"CrashesTheReader", "db-jet4-damaged.daa", 0, true, ui::Answer::Yes, false, 1,
+                    ui::Icon::Critical,
+                    "db.daa is zo beschadigd dat het niet kan worden gelezen. Er is niets "
+                    "veranderd; Lindebrug wordt afgesloten."},
+        StartUpCase{"CurrentFormat", nullptr, 0, true, ui::Answer::Yes, true, 0, ui::Icon::None,
+                    ""}),
     [](const auto& info) { return std::string(info.param.name); });
 
 // After the conversion the program reads the settings as the old one had them, and a
