@@ -155,7 +155,10 @@ bool survivesReading(const QString& database) {
         ui::service().progress(QStringLiteral("db.daa controleren"), 0);
     while (!check.waitForFinished(100) && check.state() != QProcess::NotRunning)
         progress->setValue(0);
-    return check.exitStatus() == QProcess::NormalExit && check.error() != QProcess::Crashed;
+    if (check.exitStatus() == QProcess::NormalExit && check.error() != QProcess::Crashed)
+        return true;
+    jet::removeLeftovers(database);
+    return false;
 }
 
 }  // namespace

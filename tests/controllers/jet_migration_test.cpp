@@ -87,6 +87,7 @@ TEST_P(JetStartUpTest, AsksConvertsAndReports) {
     if (!converted)
         EXPECT_EQ(readAll(database.path()), original);
     EXPECT_EQ(ui.progressTitles.size(), c.progresses);
+    EXPECT_EQ(QDir(database.folder()).entryList({"*.tmp"}, QDir::Files), QStringList());
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -40,14 +40,6 @@ void syncPath(const QString& path, bool folder) {
 #endif
 }
 
-// Temporary files of a conversion that did not end (a crash, a power cut) go first.
-void removeLeftovers(const QString& target) {
-    const QFileInfo info(target);
-    const QStringList names =
-        info.dir().entryList({info.fileName() + QStringLiteral(".??????.tmp")}, QDir::Files);
-    for (const QString& name : names) QFile::remove(info.dir().filePath(name));
-}
-
 // QSaveFile writes beside the file and renames over it only after a complete write.
 void writeReplacing(const QString& path, const QByteArray& contents) {
     QSaveFile file(path);
@@ -196,6 +188,13 @@ MigrationResult migrate(const QString& source, const QString& target,
     converted.setAutoRemove(false);
     syncPath(QFileInfo(target).absolutePath(), true);
     return result;
+}
+
+void removeLeftovers(const QString& target) {
+    const QFileInfo info(target);
+    const QStringList names =
+        info.dir().entryList({info.fileName() + QStringLiteral(".??????.tmp")}, QDir::Files);
+    for (const QString& name : names) QFile::remove(info.dir().filePath(name));
 }
 
 qint64 invoiceCount(const QString& database) {

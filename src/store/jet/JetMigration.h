@@ -30,6 +30,9 @@ MigrationResult migrate(const QString& source, const QString& target,
                         const ProgressCallback& progress = {},
                         const QString& schema = programSchema());
 
+// Removes the temporary files a conversion into target left when it was killed.
+void removeLeftovers(const QString& target);
+
 // The number of invoices in a database of the current format; -1 when the file is none.
 qint64 invoiceCount(const QString& database);
 
