@@ -143,22 +143,33 @@ bool mayReplace(const QString& oldFile) {
 // start-up, where a crash would stop the program at every start, the file is therefore read
 // once by lindebrug-cli in a process of its own. Without lindebrug-cli beside the program
 // the conversion reads it directly.
-bool survivesReading(const QString& database) {
+enum class Reading { Survived, Crashed, Cancelled };
+
+Reading readInOwnProcess(const QString& database) {
     const QString cli =
         ProgramFolder::withSeparator(ProgramFolder::path()) + QStringLiteral("lindebrug-cli");
     if (!QFileInfo(cli).isExecutable())
-        return true;
+        return Reading::Survived;
     QProcess check;
     check.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     check.start(cli, {QStringLiteral("omzetten"), QStringLiteral("--controle"), database});
     const std::unique_ptr<ui::Progress> progress =
         ui::service().progress(QStringLiteral("db.daa controleren"), 0);
-    while (!check.waitForFinished(100) && check.state() != QProcess::NotRunning)
-        progress->setValue(0);
+    // A progress without an end: each step only shows that the work goes on.
+    for (qint64 step = 1; !check.waitForFinished(100) && check.state() != QProcess::NotRunning;
+         ++step) {
+        progress->setValue(step);
+        if (progress->wasCancelled()) {
+            check.kill();
+            check.waitForFinished();
+            jet::removeLeftovers(database);
+            return Reading::Cancelled;
+        }
+    }
     if (check.exitStatus() == QProcess::NormalExit && check.error() != QProcess::Crashed)
-        return true;
+        return Reading::Survived;
     jet::removeLeftovers(database);
-    return false;
+    return Reading::Crashed;
 }
 
 }  // namespace
@@ -180,13 +191,21 @@ bool bringOverOldDatabase() {
                     kCaption, ui::Icon::Exclamation);
         return false;
     }
-    if (!survivesReading(database)) {
-        ui::message(QStringLiteral("db.daa is zo beschadigd dat het niet kan worden gelezen. Er is "
-                                   "niets veranderd; Lindebrug wordt afgesloten."),
-                    kCaption, ui::Icon::Critical);
-        return false;
+    switch (readInOwnProcess(database)) {
+        case Reading::Survived:
+            return migrate(database, true);
+        case Reading::Crashed:
+            ui::message(QStringLiteral("db.daa is zo beschadigd dat het niet kan worden gelezen. "
+                                       "Er is niets veranderd; Lindebrug wordt afgesloten."),
+                        kCaption, ui::Icon::Critical);
+            return false;
+        case Reading::Cancelled:
+            ui::message(QStringLiteral("Het omzetten is afgebroken. Er is niets veranderd; "
+                                       "Lindebrug wordt afgesloten."),
+                        kCaption, ui::Icon::Exclamation);
+            return false;
     }
-    return migrate(database, true);
+    return false;
 }
 
 bool convertCommand(const QString& oldFile, bool checkOnly) {
