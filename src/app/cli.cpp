@@ -11,11 +11,13 @@
 
 #include "base/ProgramFolder.h"
 #include "base/UiService.h"
+#include "controllers/JetMigrationController.h"
 #include "exchange/DatabaseFile.h"
 #include "exchange/ExchangeRoutines.h"
 #include "exchange/ubl/UblExport.h"
 #include "store/clsDatabase.h"
 #include "store/clsObjAppInstellingen.h"
+#include "store/jet/JetReader.h"
 
 namespace {
 
@@ -105,6 +107,18 @@ const Command kCommands[] = {
          return exchange::ubl::exportInvoiceNumbers(numbers, call.option == "nlcius"
                                                                  ? exchange::ubl::Profile::NlCius
                                                                  : exchange::ubl::Profile::Peppol);
+     }},
+    {"omzetten",
+     "[--controle] OUD.daa",
+     "database van een eerdere versie (Access) omzetten naar db.daa; --controle: alleen "
+     "controleren",
+     {},
+     false,
+     {"--controle", {}},
+     false,
+     false,
+     [](const Invocation& call) {
+         return JetMigrationController::convertCommand(call.path, !call.option.isEmpty());
      }},
 };
 
@@ -257,6 +271,12 @@ QString readArguments(const Command& command, QStringList arguments, Invocation&
 }
 
 bool databasePresent() {
+    if (jet::isJetFile(clsDatabase::DatabasePath())) {
+        ui::message(QStringLiteral("db.daa staat nog in het oude formaat (Access). Zet het "
+                                   "eerst om met: lindebrug-cli omzetten ") +
+                    clsDatabase::DatabasePath());
+        return false;
+    }
     if (clsObjAppInstellingen().DatabaseNietOpAlleenLezen())
         return true;
     ui::Message missing{QStringLiteral("Databasebestand ontbreekt"), QString(), ui::Icon::Critical};

@@ -2,6 +2,7 @@
 
 #include "base/UiService.h"
 #include "controllers/ImportController.h"
+#include "controllers/JetMigrationController.h"
 #include "controllers/ShellViews.h"
 #include "controllers/Trapped.h"
 #include "controllers/ViewFactory.h"
@@ -28,6 +29,8 @@ MainWindowController::~MainWindowController() {
 }
 
 bool MainWindowController::startUp() {
+    if (!JetMigrationController::bringOverOldDatabase())
+        return false;
     registerMainWindow(&view_);
     exchange::removeLeftovers();
 
