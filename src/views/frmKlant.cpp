@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QMdiSubWindow>
 #include <QPushButton>
+#include <iterator>
 
 #include "controllers/clsControllerKlant.h"
 #include "platform/HelpKey.h"
@@ -12,6 +13,14 @@
 #include "views/WindowGeometry.h"
 #include "views/clsFlexgrid.h"
 #include "views/frmFactuur.h"
+
+namespace {
+
+// The width of each column in average characters: room for an ordinary name, address and
+// telephone number, so the list reads without widening a column first.
+constexpr int kColumnCharacters[] = {26, 24, 22, 11, 16, 14, 8};
+
+}  // namespace
 
 frmKlant::frmKlant(QWidget* parent) : QWidget(parent), ui_(std::make_unique<Ui::frmKlant>()) {
     ui_->setupUi(this);
@@ -77,6 +86,13 @@ void frmKlant::beginFill(const QList<GridColumn>& columns) {
     grid.setHeaders(headers);
     for (int col = 0; col < columns.size(); ++col)
         grid.setColAlignment(col, columns.at(col).alignment);
+    if (!columnsSized_) {
+        // Once: afterwards the grid keeps the widths the user gives the columns.
+        columnsSized_ = true;
+        const int character = grid.fontMetrics().averageCharWidth();
+        for (int col = 0; col < columns.size() && col < int(std::size(kColumnCharacters)); ++col)
+            grid.setColWidth(col, kColumnCharacters[col] * character);
+    }
 }
 
 void frmKlant::addRow(const QString& cells, qint32 klantID) {
@@ -118,6 +134,11 @@ void frmKlant::close() {
     closing_ = false;
     if (auto* subWindow = qobject_cast<QMdiSubWindow*>(parentWidget()))
         subWindow->hide();
+}
+
+QSize frmKlant::sizeHint() const {
+    // The list opens 700 by 460, or larger when the fonts need it.
+    return QWidget::sizeHint().expandedTo(QSize(700, 460));
 }
 
 ListGrid& frmKlant::grid() {

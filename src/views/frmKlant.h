@@ -34,6 +34,7 @@ public:
     void show() override;
     void close() override;
 
+    QSize sizeHint() const override;
     ListGrid& grid();
 
 protected:
@@ -52,4 +53,5 @@ private:
     clsControllerKlant* controller_ = nullptr;
     bool selecting_ = false;
     bool closing_ = false;
+    bool columnsSized_ = false;
 };

@@ -1,6 +1,7 @@
 #include "views/frmKlantBewerken.h"
 
 #include <QKeyEvent>
+#include <QLineEdit>
 
 #include "controllers/clsContrKlantBewerken.h"
 #include "platform/HelpKey.h"
@@ -12,6 +13,9 @@ frmKlantBewerken::frmKlantBewerken(QWidget* parent)
     ui_->setupUi(this);
     // The edit stays in front of the list it came from until it is saved or cancelled.
     setWindowModality(Qt::ApplicationModal);
+    // Room for an ordinary company name or e-mail address without scrolling inside the box.
+    const int fieldWidth = fontMetrics().averageCharWidth() * 40;
+    for (QLineEdit* field : findChildren<QLineEdit*>()) field->setMinimumWidth(fieldWidth);
     QFont title = ui_->lblTitel->font();
     title.setBold(true);
     title.setPointSizeF(title.pointSizeF() * 1.4);
