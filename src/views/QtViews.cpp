@@ -1,6 +1,7 @@
 #include "views/QtViews.h"
 
 #include "controllers/ViewFactory.h"
+#include "views/QtArticleViews.h"
 #include "views/QtCustomerViews.h"
 #include "views/QtImportViews.h"
 #include "views/QtShellViews.h"
@@ -19,5 +20,6 @@ void install() {
 void installQtViews() {
     install<QtShellViews, ShellViewFactory>();
     install<QtImportViews, ImportViewFactory>();
+    install<QtArticleViews, ArticleViewFactory>();
     install<QtCustomerViews, CustomerViewFactory>();
 }
