@@ -1,20 +1,30 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPointer>
 #include <QRadioButton>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
 
 #include "RecordingUiService.h"
 #include "TestDatabase.h"
 #include "controllers/ViewFactory.h"
+#include "controllers/clsControllerFactuur.h"
 #include "controllers/clsControllerKlant.h"
+#include "platform/clsHelp.h"
 #include "views/ListGrid.h"
 #include "views/QtCustomerViews.h"
+#include "views/QtViews.h"
+#include "views/frmFactuur.h"
 #include "views/frmKlant.h"
 #include "views/frmKlantBewerken.h"
 
@@ -221,6 +231,58 @@ TEST_F(CustomerScreenTest, EditScreenSavesWithEnterAndCancelsWithEscape) {
     QCoreApplication::processEvents();
     EXPECT_EQ(database.scalar("SELECT COUNT(*) FROM Klant").toInt(), 6);
     EXPECT_EQ(controller.editController(), nullptr);
+}
+
+TEST_F(CustomerScreenTest, F1OpensTheCustomerPageAndPrintingAsksForAPrinter) {
+    for (const char* name : {"Lindebrug.qch", "Lindebrug.qhc"})
+        QFile(database.file(name)).open(QIODevice::WriteOnly);
+    start(false);
+    QTest::keyClick(&grid(), Qt::Key_F1);
+    grid().setCurrentRow(1);
+    QTest::mouseClick(child<QAbstractButton>(screens.list, "cmdBewerk"), Qt::LeftButton);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(screens.edit));
+    QTest::keyClick(child<QLineEdit>(screens.edit, "txtPlaats"), Qt::Key_F1);
+    ASSERT_EQ(ui.startedPrograms.size(), 2);
+    for (const QStringList& started : ui.startedPrograms)
+        EXPECT_EQ(started.last(), clsHelp::pageUrl("klanten.htm"));
+
+    QTest::keyClick(screens.edit, Qt::Key_Escape);
+    QTest::mouseClick(child<QAbstractButton>(screens.list, "cmdAfdrukken"), Qt::LeftButton);
+    EXPECT_EQ(ui.printerDialogs, 1) << "the user chooses the printer; cancelled, nothing printed";
+}
+
+// In the real frame: the menu opens one list however often it is chosen, the close box ends
+// the list with its sub-window, and the menu then opens a fresh one.
+TEST(CustomerInFrameTest, TheMenuOpensOneListAndItsCloseBoxEndsIt) {
+    TestDatabase database;
+    RecordingUiService ui;
+    installQtViews();
+    frmFactuur window{ShellServices{createProgramRegister, [] { return false; }}};
+    QTimer::singleShot(0, [] { QApplication::activeModalWidget()->close(); });
+    ASSERT_TRUE(window.startUp());
+    window.show();
+    auto* mdi = window.findChild<QMdiArea*>("mdiSchermen");
+    auto* menu = window.findChild<QAction*>("tlKlanten");
+
+    menu->trigger();
+    menu->trigger();
+    ASSERT_EQ(mdi->subWindowList().size(), 1);
+    QPointer<QMdiSubWindow> sub = mdi->subWindowList().first();
+    QPointer<QWidget> screen = sub->widget();
+    EXPECT_EQ(screen->objectName(), "frmKlant");
+
+    sub->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(screen.isNull());
+    EXPECT_TRUE(sub.isNull());
+    EXPECT_EQ(window.controller().applicationController()->openRegister(Register::Klanten),
+              nullptr);
+
+    menu->trigger();
+    ASSERT_EQ(mdi->subWindowList().size(), 1);
+    EXPECT_TRUE(mdi->subWindowList().first()->isVisible());
+    EXPECT_TRUE(ui.messages.isEmpty());
 }
 
 }  // namespace
