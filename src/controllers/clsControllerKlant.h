@@ -42,7 +42,6 @@ public:
     // A double click on the list: edit in management mode, choose in selection mode.
     void DubbelKlik();
 
-    bool selecting() const { return selecting_; }
     // The edit screen open now, if any.
     clsContrKlantBewerken* editController() const { return edit_.get(); }
 

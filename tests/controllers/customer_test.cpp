@@ -193,15 +193,6 @@ TEST_F(CustomerTest, ListShowsSevenColumnsOfVisibleCustomersWithTheirKeys) {
     EXPECT_TRUE(screens.list->visible);
 }
 
-TEST_F(CustomerTest, ModeIsHandedToTheScreen) {
-    for (const bool selecting : {true, false}) {
-        clsControllerKlant list;
-        list.StartKlanten(selecting);
-        EXPECT_EQ(screens.list->VoorSelecteren(), selecting);
-        EXPECT_EQ(list.selecting(), selecting);
-    }
-}
-
 TEST_F(CustomerTest, EditingTwiceLeavesThreeRowsTwoHidden) {
     const qint32 first = add({"Bakkerij Brood", true, "P.", "de", "Vries", true});
     start();
