@@ -35,6 +35,7 @@ struct RegisterCase {
 const RegisterCase registers[] = {
     {"Artikelen", Register::Artikelen, "Artikel",
      "SELECT * FROM Artikel WHERE Zichtbaar = 1 ORDER BY Omschrijving"},
+    {"Klanten", Register::Klanten, "Klant", "SELECT * FROM Klant WHERE Zichtbaar = 1"},
 };
 
 QString databaseFile() {

@@ -1,6 +1,7 @@
 #include "controllers/RegisterController.h"
 
 #include "controllers/clsControllerArtikel.h"
+#include "controllers/clsControllerKlant.h"
 
 std::unique_ptr<RegisterController> createProgramRegister(Register which) {
     // Each register adds its list controller here as it is built; until then its menu
@@ -9,6 +10,7 @@ std::unique_ptr<RegisterController> createProgramRegister(Register which) {
         case Register::Artikelen:
             return std::make_unique<clsControllerArtikel>();
         case Register::Klanten:
+            return std::make_unique<clsControllerKlant>();
         case Register::Facturen:
         case Register::Instellingen:
             break;
