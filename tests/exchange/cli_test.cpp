@@ -236,7 +236,10 @@ TEST_F(CliTest, OnAFullDiskEveryCommandFailsAndLeavesNothingBehind) {
         folder +
         "/uit/klant.csv (No space left on device)\n"
         "export 1\n"
-        "Bestand bestaat! Overschrijven? Ja\nBackup niet gelukt!\nDe schijf is vol.\n"
+        "Bestand bestaat! Overschrijven? Ja\nBackup niet gelukt!\n"
+        "Kan niet schrijven naar " +
+        folder + "/uit/" + backup +
+        ": de schijf is vol\n"
         "backup 1\n"
         "Terugzetten van de backup mislukt; de database is niet vervangen.\n"
         "Kan niet schrijven naar " +
