@@ -5,9 +5,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QStringList>
-#include <memory>
 
-#include "base/UiService.h"
 #include "exchange/DurableFile.h"
 #include "exchange/FileCopy.h"
 
