@@ -53,7 +53,7 @@ TEST_F(CliTest, EveryCommandInOneSession) {
         {{"backup", folder}, "0 Backup gelukt!\n|"},
         {{"import", "Klant", work("klanten.txt")}, "0 Importeren van Klant  gelukt\n|"},
         {{"import", "KLANT", work("fout.txt")}, "1 Importeren vanuit bestand mislukt!\n|"},
-        {{"backup", folder}, "1 Bestand bestaat! Overschrijven? Nee\n|"},
+        {{"Backup", folder}, "1 Bestand bestaat! Overschrijven? Nee\n|"},
         {{"restore", todaysBackup()}, "0 |"},
         {{"--yes", "backup", folder}, "0 Bestand bestaat! Overschrijven? Ja\nBackup gelukt!\n|"},
         {{"export", "Klant", folder, "--yes"},
