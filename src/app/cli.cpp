@@ -137,7 +137,7 @@ QString usage() {
                       "\n"
                       "Een vraag (bijvoorbeeld of een bestaand bestand overschreven mag worden) "
                       "wordt met\n"
-                      "--yes met Ja beantwoord, anders met Nee. De naam van een register mag in "
+                      "--yes met Ja beantwoord, anders met Nee. Opdrachten en registers mogen in "
                       "kleine\n"
                       "of hoofdletters. restore zet alleen een database van Lindebrug terug, "
                       "tenzij\n"
@@ -202,7 +202,7 @@ int usageError(const QString& problem) {
 
 const Command* findCommand(const QString& name) {
     for (const Command& command : kCommands) {
-        if (name == QLatin1String(command.name))
+        if (name.compare(QLatin1String(command.name), Qt::CaseInsensitive) == 0)
             return &command;
     }
     return nullptr;

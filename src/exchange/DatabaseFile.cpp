@@ -5,9 +5,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QStringList>
-#include <memory>
 
-#include "base/UiService.h"
 #include "exchange/DurableFile.h"
 #include "exchange/FileCopy.h"
 
@@ -21,8 +19,6 @@ namespace {
 // Another process that saves holds its lock for milliseconds; one that imports commits
 // every few thousand lines. Both are waited for this long before we give up.
 constexpr int kBusyMilliseconds = 5000;
-// Pages copied per backup step, between two looks at the progress dialog.
-constexpr int kPagesPerStep = 2048;
 
 const char* const kProgramTables[] = {"Artikel", "ArtikelPerFactuur", "BTW",
                                       "Factuur", "Instellingen",      "Klant"};
@@ -107,59 +103,26 @@ private:
     int rc_ = SQLITE_OK;
 };
 
-// Copies every page of source into copy, in steps, with a progress dialog when titled.
-bool copyPages(Database& source, Database& copy, const QString& progressTitle, QString* reason) {
-    sqlite3_backup* backup = sqlite3_backup_init(copy.get(), "main", source.get(), "main");
-    if (!backup)
-        return fail(reason, engineReason(sqlite3_errcode(copy.get()),
-                                         QString::fromUtf8(sqlite3_errmsg(copy.get()))));
-    std::unique_ptr<ui::Progress> progress;
-    int rc = SQLITE_OK;
-    bool cancelled = false;
-    while (rc == SQLITE_OK && !cancelled) {
-        durable::step("backup-step");
-        rc = sqlite3_backup_step(backup, kPagesPerStep);
-        if (!progressTitle.isEmpty() && !progress)
-            progress = ui::service().progress(progressTitle, sqlite3_backup_pagecount(backup));
-        if (progress) {
-            progress->setValue(sqlite3_backup_pagecount(backup) - sqlite3_backup_remaining(backup));
-            cancelled = progress->wasCancelled();
-        }
-    }
-    const int finished = sqlite3_backup_finish(backup);
-    if (cancelled)
-        return fail(reason, QStringLiteral("De backup is afgebroken."));
-    if (rc != SQLITE_DONE)
-        return fail(reason, engineReason(rc, QString::fromUtf8(sqlite3_errstr(rc))));
-    if (finished != SQLITE_OK)
-        return fail(reason, copy.reason());
-    return true;
-}
-
-// The backup written and checked under the temporary name.
-bool writeCheckedCopy(const QString& database, const QString& temporary,
+// The backup written and checked under the temporary name. The copy is of the file's bytes,
+// taken inside a read transaction: its first read plays back a hot journal a crash left,
+// and its shared lock keeps every other writer from changing the file until the copy is
+// done, so the bytes are one committed state. (The copy's own descriptor is closed only
+// after the bytes are copied: closing it gives up the process's locks on the file.)
+bool writeCheckedCopy(const QString& database, const QString& temporary, const QString& target,
                       const QString& progressTitle, QString* reason) {
     Database source;
-    // Writable, so that a hot journal left by a crash can be played back before we read.
-    if (!source.open(database, SQLITE_OPEN_READWRITE))
+    // Writable, so that a hot journal can be played back before we read.
+    if (!source.open(database, SQLITE_OPEN_READWRITE) || !source.run("BEGIN") ||
+        !source.run("SELECT count(*) FROM sqlite_master"))
         return fail(reason, source.reason());
-    Database copy;
-    // The copy needs no journal of its own: until it is renamed it is nobody's database.
-    if (!copy.open(temporary, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE) ||
-        !copy.run("PRAGMA journal_mode=OFF") || !copy.run("PRAGMA synchronous=OFF"))
-        return fail(reason, copy.reason());
-    if (!copyPages(source, copy, progressTitle, reason))
+    if (!filecopy::copyToTemporary(database, temporary, target, progressTitle, reason))
         return false;
+    source.run("COMMIT");
     durable::step("check");
-    if (!copy.quickCheck(reason))
-        return false;
-    if (!copy.close())
+    Database copy;
+    if (!copy.open(temporary, SQLITE_OPEN_READONLY))
         return fail(reason, copy.reason());
-    durable::step("sync");
-    if (!durable::syncFile(temporary))
-        return fail(reason,
-                    durable::systemReason(QStringLiteral("Kan niet vastleggen"), temporary));
-    return true;
+    return copy.quickCheck(reason);
 }
 
 // The database about to be replaced, kept as <name>.vorige: a second name for the same
@@ -200,9 +163,8 @@ bool backup(const QString& database, const QString& target, const QString& progr
             QString* reason) {
     durable::removeLeftovers(QFileInfo(target).absolutePath());
     const QString temporary = durable::temporaryNameFor(target);
-    if (!writeCheckedCopy(database, temporary, progressTitle, reason)) {
+    if (!writeCheckedCopy(database, temporary, target, progressTitle, reason)) {
         QFile::remove(temporary);
-        QFile::remove(journalName(temporary));
         return false;
     }
     return durable::publish(temporary, target, reason);

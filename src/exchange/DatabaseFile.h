@@ -5,9 +5,9 @@
 // Backup and restore of a database file that may be in use, or may have been left by a
 // crash with a hot journal beside it.
 //
-// A backup is made through SQLite's online backup, which rolls back a hot journal first
-// and reads under a shared lock, so it is always one committed state of the database;
-// the copy is checked before it gets its name.
+// A backup is a copy of the file's bytes made under SQLite's shared lock, after a hot
+// journal was played back, so it is always one committed state of the database; the copy
+// is checked before it gets its name.
 //
 // A restore never lets the journal of the replaced database meet the restored file: the
 // old database is brought to its last committed state (its journal played back and gone)

@@ -53,7 +53,7 @@ TEST_F(CliTest, EveryCommandInOneSession) {
         {{"backup", folder}, "0 Backup gelukt!\n|"},
         {{"import", "Klant", work("klanten.txt")}, "0 Importeren van Klant  gelukt\n|"},
         {{"import", "KLANT", work("fout.txt")}, "1 Importeren vanuit bestand mislukt!\n|"},
-        {{"backup", folder}, "1 Bestand bestaat! Overschrijven? Nee\n|"},
+        {{"Backup", folder}, "1 Bestand bestaat! Overschrijven? Nee\n|"},
         {{"restore", todaysBackup()}, "0 |"},
         {{"--yes", "backup", folder}, "0 Bestand bestaat! Overschrijven? Ja\nBackup gelukt!\n|"},
         {{"export", "Klant", folder, "--yes"},
@@ -236,7 +236,10 @@ TEST_F(CliTest, OnAFullDiskEveryCommandFailsAndLeavesNothingBehind) {
         folder +
         "/uit/klant.csv (No space left on device)\n"
         "export 1\n"
-        "Bestand bestaat! Overschrijven? Ja\nBackup niet gelukt!\nDe schijf is vol.\n"
+        "Bestand bestaat! Overschrijven? Ja\nBackup niet gelukt!\n"
+        "Kan niet schrijven naar " +
+        folder + "/uit/" + backup +
+        ": de schijf is vol\n"
         "backup 1\n"
         "Terugzetten van de backup mislukt; de database is niet vervangen.\n"
         "Kan niet schrijven naar " +
