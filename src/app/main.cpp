@@ -2,7 +2,9 @@
 #include <cstdlib>
 
 #include "base/UiService.h"
+#include "controllers/PreviewController.h"
 #include "controllers/ViewFactory.h"
+#include "views/QtPrintViews.h"
 #include "views/QtUiService.h"
 #include "views/QtViewFactory.h"
 #include "views/frmFactuur.h"
@@ -16,6 +18,10 @@ int main(int argc, char* argv[]) {
     ui::install(&uiService);
     QtViewFactory views;
     installViewFactory(&views);
+    QtPrintViewFactory printViews;
+    installPrintViews(&printViews);
+    ReportPreviews previews;
+    report::installPresenter(&previews);
 
     frmFactuur window;
     if (!window.startUp())
