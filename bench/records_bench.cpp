@@ -10,6 +10,7 @@
 #include <map>
 #include <string>
 
+#include "base/Paths.h"
 #include "base/ProgramFolder.h"
 #include "records/clsObjArtikelPerFactuur.h"
 #include "records/clsObjBTW.h"
@@ -19,7 +20,7 @@
 namespace {
 
 QString databaseFile() {
-    return ProgramFolder::withSeparator(ProgramFolder::path()) + "db.daa";
+    return paths::withSeparator(ProgramFolder::path()) + "db.daa";
 }
 
 // The sqlite3 command-line shell printing every row of a table to nowhere.

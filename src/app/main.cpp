@@ -3,10 +3,8 @@
 
 #include "base/UiService.h"
 #include "controllers/PreviewController.h"
-#include "controllers/ViewFactory.h"
-#include "views/QtPrintViews.h"
 #include "views/QtUiService.h"
-#include "views/QtViewFactory.h"
+#include "views/QtViews.h"
 #include "views/frmFactuur.h"
 
 int main(int argc, char* argv[]) {
@@ -16,10 +14,7 @@ int main(int argc, char* argv[]) {
 
     QtUiService uiService;
     ui::install(&uiService);
-    QtViewFactory views;
-    installViewFactory(&views);
-    QtPrintViewFactory printViews;
-    installPrintViews(&printViews);
+    installQtViews();
     ReportPreviews previews;
     report::installPresenter(&previews);
 

@@ -3,22 +3,13 @@
 #include <QString>
 #include <stdexcept>
 
+#include "base/ErrorNumbers.h"
+
 // The one error type of the program: a number, the routine or engine it came from,
 // and a description. Engine failures carry SQLite's result code; runtime conversions
-// use the classic numbers below.
-class Error : public std::exception {
+// use the classic numbers (base/ErrorNumbers.h).
+class Error : public std::exception, public ErrorNumbers {
 public:
-    enum Number : long {
-        Overflow = 6,
-        SubscriptOutOfRange = 9,
-        TypeMismatch = 13,
-        FileNotFound = 53,
-        NoCurrentRecord = 3021,
-        ItemNotFound = 3265,
-        FieldTooSmall = 3163,
-        DialogCancelled = 32755,
-    };
-
     Error(long number, QString source, QString description);
 
     long number() const { return number_; }

@@ -25,8 +25,4 @@ void setForTests(const QString& folder) {
     testFolder() = folder;
 }
 
-QString withSeparator(const QString& folder) {
-    return folder.endsWith(u'/') ? folder : folder + u'/';
-}
-
 }  // namespace ProgramFolder

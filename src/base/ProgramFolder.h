@@ -9,7 +9,4 @@ namespace ProgramFolder {
 QString path();
 void setForTests(const QString& folder);  // an empty text restores the executable's folder
 
-// The folder followed by the separator when it does not already end in one.
-QString withSeparator(const QString& folder);
-
 }  // namespace ProgramFolder

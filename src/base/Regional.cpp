@@ -72,15 +72,51 @@ QString Regional::dateText(const QDateTime& value) {
     return text;
 }
 
-QString Regional::currencyText(const Currency& amount) {
-    // Whole cents, halves away from zero, from the exact amount.
+namespace {
+
+// Whole cents, halves away from zero, from the exact amount.
+double roundedToCents(const Currency& amount) {
     const std::int64_t raw = amount.raw();
     const quint64 magnitude = raw < 0 ? 0 - static_cast<quint64>(raw) : static_cast<quint64>(raw);
     const double cents = static_cast<double>((magnitude + 50) / 100) / 100.0;
-    const double rounded = raw < 0 ? -cents : cents;
+    return raw < 0 ? -cents : cents;
+}
+
+}  // namespace
+
+QString Regional::amountText(const Currency& amount) {
+    return plainNumbers(locale()).toString(roundedToCents(amount), 'f', 2);
+}
+
+QString Regional::currencyText(const Currency& amount) {
+    const double rounded = roundedToCents(amount);
     if (locale().language() != QLocale::Dutch) {
         return locale().toCurrencyString(rounded, locale().currencySymbol(), 2);
     }
     // The Dutch form of the desktop's regional settings: "€ 1.234,56", "€ -1.234,56".
     return locale().currencySymbol() + u' ' + locale().toString(rounded, 'f', 2);
+}
+
+QString Regional::valueText(const QVariant& value) {
+    if (value.isNull())
+        return QString();
+    switch (value.typeId()) {
+        case QMetaType::QString:
+            return *static_cast<const QString*>(value.constData());
+        case QMetaType::Bool:
+            return value.toBool() ? QStringLiteral("True") : QStringLiteral("False");
+        case QMetaType::Float:
+        case QMetaType::Double:
+            return numberText(value.toDouble());
+        case QMetaType::QDateTime:
+            return dateText(value.toDateTime());
+        case QMetaType::QDate:
+            return dateText(value.toDate().startOfDay());
+        case QMetaType::QByteArray:
+            return QString::fromUtf8(value.toByteArray());
+        default:
+            if (value.metaType() == QMetaType::fromType<Currency>())
+                return currencyNumberText(value.value<Currency>());
+            return value.toString();
+    }
 }

@@ -3,6 +3,7 @@
 #include <QDateTime>
 #include <QLocale>
 #include <QString>
+#include <QVariant>
 
 #include "base/Currency.h"
 
@@ -23,7 +24,13 @@ public:
     static QString numberText(double value);
     static QString currencyNumberText(const Currency& amount);
     static QString dateText(const QDateTime& value);
+    // Any value as that plain default text: Null as an empty text, yes/no as
+    // "True"/"False", amounts without their sign, texts as they are.
+    static QString valueText(const QVariant& value);
 
+    // An amount in the form "0.00": two decimals with the regional separator, no grouping,
+    // no sign ("1234,50").
+    static QString amountText(const Currency& amount);
     // A money amount as the regional currency format: sign, grouping and two decimals
     // ("€ 1.234,56", "€ -1.234,56" in Dutch).
     static QString currencyText(const Currency& amount);

@@ -12,6 +12,9 @@ class QPrinter;
 // installs the Qt implementation; tests install a recorder with scripted answers.
 namespace ui {
 
+// The caption of the frame and of the program's messages.
+inline const QString kProgramCaption = QStringLiteral("KORVANE LINDEBRUG");
+
 enum class Icon { None, Critical, Question, Exclamation, Information };
 enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel, RetryCancel };
 enum class Answer { Ok, Cancel, Yes, No, Retry };

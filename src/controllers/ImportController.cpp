@@ -3,6 +3,7 @@
 #include <QStringList>
 
 #include "base/Error.h"
+#include "controllers/Trapped.h"
 #include "controllers/ViewFactory.h"
 #include "exchange/ExchangeRoutines.h"
 
@@ -11,15 +12,17 @@ ImportController::ImportController() = default;
 ImportController::~ImportController() = default;
 
 void ImportController::show() {
-    if (!view_) {
-        view_ = viewFactory().createImport();
-        view_->setEvents(this);
-    }
-    view_->show();
+    trapped([this] {
+        if (!view_) {
+            view_ = views<ImportViewFactory>().createImport();
+            view_->setEvents(this);
+        }
+        view_->show();
+    });
 }
 
 void ImportController::importeer(const QString& table) {
-    exchange::importTable(table);
+    trapped([&] { exchange::importTable(table); });
 }
 
 void ImportController::toonVelden(int index) {
@@ -27,19 +30,24 @@ void ImportController::toonVelden(int index) {
                                         QStringLiteral("tarief")};
     if (index < 0 || index >= kTables.size())
         return;
-    QString text;
-    try {
-        text = exchange::importHelpText(kTables[index]);
-    } catch (const Error&) {
-        exchange::reportImportFailure();
-        return;
-    }
-    const auto help = viewFactory().createHelpImport();
-    help->setLabelTekst(text);
-    help->showModal();
+    trapped([&] {
+        QString text;
+        try {
+            text = exchange::importHelpText(kTables[index]);
+        } catch (const Error&) {
+            // A table the database does not have: the import of it would fail alike.
+            exchange::reportImportFailure();
+            return;
+        }
+        const auto help = views<ImportViewFactory>().createHelpImport();
+        help->setLabelTekst(text);
+        help->showModal();
+    });
 }
 
 void ImportController::sluiten() {
-    if (view_)
-        view_->close();
+    trapped([this] {
+        if (view_)
+            view_->close();
+    });
 }

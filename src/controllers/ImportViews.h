@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <memory>
 
 // The import screen (frmImport) and its help screen (frmHelpImport), as the import
 // controller sees them.
@@ -36,4 +37,10 @@ public:
     virtual void setLabelTekst(const QString& text) = 0;
     // Shows the help and returns when the user has closed it (cmdClose).
     virtual void showModal() = 0;
+};
+
+struct ImportViewFactory {
+    virtual ~ImportViewFactory() = default;
+    virtual std::unique_ptr<IImportView> createImport() = 0;
+    virtual std::unique_ptr<IHelpImportView> createHelpImport() = 0;
 };

@@ -1,15 +1,14 @@
 #include "controllers/MainWindowController.h"
 
-#include <QHash>
-
-#include "base/Error.h"
 #include "base/UiService.h"
+#include "controllers/ImportController.h"
 #include "controllers/ShellViews.h"
+#include "controllers/Trapped.h"
 #include "controllers/ViewFactory.h"
 #include "controllers/clsControllerFactuur.h"
+#include "exchange/ExchangeRoutines.h"
 #include "platform/modGlobal.h"
 #include "records/clsObjInstellingen.h"
-#include "store/clsFoutCodeVertaler.h"
 #include "store/clsObjAppInstellingen.h"
 
 bool gNoSound = false;
@@ -19,7 +18,9 @@ ShellServices ShellServices::program() {
 }
 
 MainWindowController::MainWindowController(IMainWindowView& view, ShellServices services)
-    : view_(view), services_(std::move(services)) {}
+    : view_(view), services_(std::move(services)) {
+    addActions();
+}
 
 MainWindowController::~MainWindowController() {
     if (mainWindow() == &view_)
@@ -36,9 +37,11 @@ bool MainWindowController::startUp() {
     }
     database.AanpassenDatabase();
 
-    const std::unique_ptr<ISplashView> splash = viewFactory().createSplash();
-    splash->setVersion(versionText());
-    splash->showModal();
+    trapped([] {
+        const std::unique_ptr<ISplashView> splash = views<ShellViewFactory>().createSplash();
+        splash->setVersion(versionText());
+        splash->showModal();
+    });
 
     controller_ = std::make_unique<clsControllerFactuur>(services_.createRegister);
     readSoundSetting();
@@ -49,52 +52,57 @@ bool MainWindowController::startUp() {
 void MainWindowController::menuClick(const QString& toolName) {
     if (!gNoSound)
         ui::service().playSound(QStringLiteral("Notification.Proximity"));
-    if (const Action action = dispatchTable().value(toolName))
-        (this->*action)(toolName);
+    const auto action = actions_.constFind(toolName);
+    if (action != actions_.cend())
+        trapped(*action);
 }
 
 void MainWindowController::applySoundSetting(qint16 noSound) {
     gNoSound = noSound == 1;
 }
 
-const QHash<QString, MainWindowController::Action>& MainWindowController::dispatchTable() {
+void MainWindowController::addActions() {
+    const auto exportTo = [](const QString& toolName) {
+        return [toolName] {
+            exchange::exportRegister(exchange::exportBaseName(toolName), QStringLiteral("csv"));
+        };
+    };
     // tEtiket opens the label screen, which this program does not have yet; tImportArtikelen,
     // tImportKlant and tlSchermen are in the menu without an action of their own.
-    static const QHash<QString, Action> table{
-        {QStringLiteral("tlAfsluiten"), &MainWindowController::quit},
-        {QStringLiteral("tlArtikelen"), &MainWindowController::startArtikelen},
-        {QStringLiteral("tlKlanten"), &MainWindowController::startKlanten},
-        {QStringLiteral("tlFacturerenArtikelen"), &MainWindowController::startFacturen},
-        {QStringLiteral("tlInstellingen"), &MainWindowController::startInstellingen},
-        {QStringLiteral("tlHelp"), &MainWindowController::startHelp},
-        {QStringLiteral("tlWebsite"), &MainWindowController::startWebsite},
-        {QStringLiteral("tlExpKlanten"), &MainWindowController::exportRegister},
-        {QStringLiteral("tlExpTarieven"), &MainWindowController::exportRegister},
-        {QStringLiteral("tlExpArtikelen"), &MainWindowController::exportRegister},
-        {QStringLiteral("tlExpArtikelfacturen"), &MainWindowController::exportRegister},
-        {QStringLiteral("tlExpUurfacturen"), &MainWindowController::exportRegister},
-        {QStringLiteral("tImportOnderM"), &MainWindowController::showImport},
-        {QStringLiteral("tBackup"), &MainWindowController::backup},
-        {QStringLiteral("tRestore"), &MainWindowController::restore},
-        {QStringLiteral("tAbout"), &MainWindowController::showAbout},
-        {QStringLiteral("tlOver"), &MainWindowController::showSplashUntilClosed},
-        {QStringLiteral("tUpdate"), &MainWindowController::openUpdatePage},
+    actions_ = {
+        {QStringLiteral("tlAfsluiten"), [this] { controller_->Afsluiten(); }},
+        {QStringLiteral("tlArtikelen"), [this] { controller_->StartArtikelen(); }},
+        {QStringLiteral("tlKlanten"), [this] { controller_->StartKlanten(); }},
+        {QStringLiteral("tlFacturerenArtikelen"), [this] { controller_->StartFacturen(); }},
+        {QStringLiteral("tlInstellingen"), [this] { controller_->StartInstellingen(); }},
+        {QStringLiteral("tlHelp"), [this] { controller_->StartHelp(); }},
+        {QStringLiteral("tlWebsite"), [this] { controller_->StartWebsite(); }},
+        {QStringLiteral("tImportOnderM"),
+         [this] {
+             if (!import_)
+                 import_ = std::make_unique<ImportController>();
+             import_->show();
+         }},
+        {QStringLiteral("tBackup"), [] { exchange::backup(); }},
+        {QStringLiteral("tRestore"), [] { exchange::restore(); }},
+        {QStringLiteral("tAbout"), [this] { showAbout(); }},
+        {QStringLiteral("tlOver"), [this] { showSplashUntilClosed(); }},
+        {QStringLiteral("tUpdate"), [] { modGlobal::openAddress(modGlobal::updatePageAddress()); }},
     };
-    return table;
+    for (const char* tool : {"tlExpKlanten", "tlExpTarieven", "tlExpArtikelen",
+                             "tlExpArtikelfacturen", "tlExpUurfacturen"})
+        actions_.insert(QLatin1String(tool), exportTo(QLatin1String(tool)));
 }
 
 void MainWindowController::readSoundSetting() {
     qint16 noSound = 0;
-    try {
+    trapped([&noSound] {
         const QList<clsObjInstellingen> settings = clsObjInstellingen().Lijst(QString());
         // Without a settings row the program keeps its sounds; the settings screen
         // reports the missing row when the user opens it.
         if (!settings.isEmpty())
             noSound = settings.first().NoSound();
-    } catch (const Error& error) {
-        ui::message(clsFoutCodeVertaler().GebruikerMelding(error),
-                    QStringLiteral("KORVANE LINDEBRUG"), ui::Icon::Exclamation);
-    }
+    });
     applySoundSetting(noSound);
 }
 
@@ -105,65 +113,17 @@ void MainWindowController::labelUpdateTool() {
         view_.setUpdateTool(QStringLiteral("Geen updates"), false);
 }
 
-void MainWindowController::quit(const QString&) {
-    controller_->Afsluiten();
-}
-
-void MainWindowController::startArtikelen(const QString&) {
-    controller_->StartArtikelen();
-}
-
-void MainWindowController::startKlanten(const QString&) {
-    controller_->StartKlanten();
-}
-
-void MainWindowController::startFacturen(const QString&) {
-    controller_->StartFacturen();
-}
-
-void MainWindowController::startInstellingen(const QString&) {
-    controller_->StartInstellingen();
-}
-
-void MainWindowController::startHelp(const QString&) {
-    controller_->StartHelp();
-}
-
-void MainWindowController::startWebsite(const QString&) {
-    controller_->StartWebsite();
-}
-
-void MainWindowController::exportRegister(const QString& toolName) {
-    exchange_.exportRegister(toolName, QStringLiteral("csv"));
-}
-
-void MainWindowController::showImport(const QString&) {
-    exchange_.showImport();
-}
-
-void MainWindowController::backup(const QString&) {
-    exchange_.backup();
-}
-
-void MainWindowController::restore(const QString&) {
-    exchange_.restore();
-}
-
-void MainWindowController::showAbout(const QString&) {
+void MainWindowController::showAbout() {
     if (!about_) {
-        about_ = viewFactory().createAbout();
+        about_ = views<ShellViewFactory>().createAbout();
         about_->setVersion(versionText());
     }
     about_->showModeless();
 }
 
-void MainWindowController::showSplashUntilClosed(const QString&) {
-    const std::unique_ptr<ISplashView> splash = viewFactory().createSplash();
+void MainWindowController::showSplashUntilClosed() {
+    const std::unique_ptr<ISplashView> splash = views<ShellViewFactory>().createSplash();
     splash->setVersion(versionText());
     splash->stopUnloadTimer();
     splash->showModal();
-}
-
-void MainWindowController::openUpdatePage(const QString&) {
-    modGlobal::openAddress(modGlobal::updatePageAddress());
 }

@@ -1,15 +1,16 @@
 #pragma once
 
+#include <QHash>
 #include <QString>
 #include <functional>
 #include <memory>
 
-#include "controllers/DataExchangeController.h"
 #include "controllers/RegisterController.h"
 
 class IMainWindowView;
 class IAboutView;
 class clsControllerFactuur;
+class ImportController;
 
 // True when menu clicks are to be silent; set from the settings at start-up.
 extern bool gNoSound;
@@ -46,30 +47,17 @@ public:
     static void applySoundSetting(qint16 noSound);
 
 private:
-    using Action = void (MainWindowController::*)(const QString& toolName);
-
-    static const QHash<QString, Action>& dispatchTable();
+    void addActions();
     void readSoundSetting();
     void labelUpdateTool();
-
-    void quit(const QString&);
-    void startArtikelen(const QString&);
-    void startKlanten(const QString&);
-    void startFacturen(const QString&);
-    void startInstellingen(const QString&);
-    void startHelp(const QString&);
-    void startWebsite(const QString&);
-    void exportRegister(const QString& toolName);
-    void showImport(const QString&);
-    void backup(const QString&);
-    void restore(const QString&);
-    void showAbout(const QString&);
-    void showSplashUntilClosed(const QString&);
-    void openUpdatePage(const QString&);
+    void showAbout();
+    void showSplashUntilClosed();
 
     IMainWindowView& view_;
     ShellServices services_;
+    // What each menu tool does; a tool without an entry does nothing.
+    QHash<QString, std::function<void()>> actions_;
     std::unique_ptr<clsControllerFactuur> controller_;
-    DataExchangeController exchange_;
+    std::unique_ptr<ImportController> import_;
     std::unique_ptr<IAboutView> about_;
 };

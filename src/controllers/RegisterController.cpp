@@ -1,10 +1,13 @@
 #include "controllers/RegisterController.h"
 
+#include "controllers/clsControllerArtikel.h"
+
 std::unique_ptr<RegisterController> createProgramRegister(Register which) {
-    // The register screens are added here as they are built; until then their menu
-    // entries open nothing.
+    // Each register adds its list controller here as it is built; until then its menu
+    // entry opens nothing.
     switch (which) {
         case Register::Artikelen:
+            return std::make_unique<clsControllerArtikel>();
         case Register::Klanten:
         case Register::Facturen:
         case Register::Instellingen:

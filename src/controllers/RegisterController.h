@@ -1,11 +1,13 @@
 #pragma once
 
 #include <QObject>
+#include <cstddef>
 #include <functional>
 #include <memory>
 
 // The four registers the main menu opens, each run by its own list controller.
 enum class Register { Artikelen, Klanten, Facturen, Instellingen };
+inline constexpr std::size_t kRegisterCount = 4;
 
 // What the application controller needs of a register's list controller: start it (or bring
 // its screen back) in management mode, and hear when its screen has closed. The list

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <memory>
 
 // The abstract views of the program's frame: the main window, the splash screen and the
 // about screen. The Qt screens implement them; tests put fakes in their place.
@@ -37,6 +38,12 @@ public:
     virtual void setVersion(const QString& text) = 0;
     // Shows the screen, or brings it to the front, and returns at once.
     virtual void showModeless() = 0;
+};
+
+struct ShellViewFactory {
+    virtual ~ShellViewFactory() = default;
+    virtual std::unique_ptr<ISplashView> createSplash() = 0;
+    virtual std::unique_ptr<IAboutView> createAbout() = 0;
 };
 
 // "Versie " + major.minor.revision of this build, as the splash and about screens show it.

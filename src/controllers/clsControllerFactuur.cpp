@@ -2,8 +2,17 @@
 
 #include "base/UiService.h"
 #include "controllers/ShellViews.h"
+#include "controllers/Trapped.h"
 #include "platform/clsHelp.h"
 #include "platform/modGlobal.h"
+
+namespace {
+
+std::size_t indexOf(Register which) {
+    return static_cast<std::size_t>(which);
+}
+
+}  // namespace
 
 clsControllerFactuur::clsControllerFactuur(RegisterCreator createRegister)
     : createRegister_(std::move(createRegister)) {}
@@ -11,19 +20,19 @@ clsControllerFactuur::clsControllerFactuur(RegisterCreator createRegister)
 clsControllerFactuur::~clsControllerFactuur() = default;
 
 void clsControllerFactuur::StartArtikelen() {
-    start(Register::Artikelen, &clsControllerFactuur::mobjArtikelEvent_SluitArtikel);
+    start(Register::Artikelen);
 }
 
 void clsControllerFactuur::StartFacturen() {
-    start(Register::Facturen, &clsControllerFactuur::mobjFactuurEvent_SluitFactuur);
+    start(Register::Facturen);
 }
 
 void clsControllerFactuur::StartInstellingen() {
-    start(Register::Instellingen, &clsControllerFactuur::mobjInstellingenEvent_SluitInstellingen);
+    start(Register::Instellingen);
 }
 
 void clsControllerFactuur::StartKlanten() {
-    start(Register::Klanten, &clsControllerFactuur::mobjKlantEvent_SluitKlant);
+    start(Register::Klanten);
 }
 
 void clsControllerFactuur::Afsluiten() {
@@ -32,7 +41,7 @@ void clsControllerFactuur::Afsluiten() {
 }
 
 void clsControllerFactuur::StartHelp() {
-    clsHelp().ToonHelpPagina(QStringLiteral("Introductie.htm"));
+    trapped([] { clsHelp().ToonHelpPagina(QStringLiteral("Introductie.htm")); });
 }
 
 void clsControllerFactuur::StartWebsite() {
@@ -41,55 +50,25 @@ void clsControllerFactuur::StartWebsite() {
 }
 
 RegisterController* clsControllerFactuur::openRegister(Register which) const {
-    return slotOf(which).get();
+    return registers_[indexOf(which)].get();
 }
 
-void clsControllerFactuur::mobjArtikelEvent_SluitArtikel() {
-    forget(mobjArtikelEvent);
+void clsControllerFactuur::start(Register which) {
+    trapped([this, which] {
+        Slot& slot = registers_[indexOf(which)];
+        if (!slot) {
+            slot = createRegister_(which);
+            if (!slot)
+                return;
+            connect(slot.get(), &RegisterController::closed, this,
+                    [this, which] { forget(which); });
+        }
+        slot->start();
+    });
 }
 
-void clsControllerFactuur::mobjInstellingenEvent_SluitInstellingen() {
-    forget(mobjInstellingenEvent);
-}
-
-void clsControllerFactuur::mobjKlantEvent_SluitKlant() {
-    forget(mobjKlantEvent);
-}
-
-void clsControllerFactuur::mobjFactuurEvent_SluitFactuur() {
-    forget(mobjFactuurEvent);
-}
-
-clsControllerFactuur::Slot& clsControllerFactuur::slotOf(Register which) {
-    return const_cast<Slot&>(std::as_const(*this).slotOf(which));
-}
-
-const clsControllerFactuur::Slot& clsControllerFactuur::slotOf(Register which) const {
-    switch (which) {
-        case Register::Artikelen:
-            return mobjArtikelEvent;
-        case Register::Klanten:
-            return mobjKlantEvent;
-        case Register::Facturen:
-            return mobjFactuurEvent;
-        case Register::Instellingen:
-            break;
-    }
-    return mobjInstellingenEvent;
-}
-
-void clsControllerFactuur::start(Register which, ClosingHandler onClosed) {
-    Slot& slot = slotOf(which);
-    if (!slot) {
-        slot = createRegister_(which);
-        if (!slot)
-            return;
-        connect(slot.get(), &RegisterController::closed, this, onClosed);
-    }
-    slot->start();
-}
-
-void clsControllerFactuur::forget(Slot& slot) {
+void clsControllerFactuur::forget(Register which) {
+    Slot& slot = registers_[indexOf(which)];
     if (!slot)
         return;
     // A late second closing event of the old register must not forget its successor.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <array>
 #include <memory>
 
 #include "controllers/RegisterController.h"
@@ -26,24 +27,12 @@ public:
     // The list controller of a register while it is open; none otherwise.
     RegisterController* openRegister(Register which) const;
 
-private Q_SLOTS:
-    void mobjArtikelEvent_SluitArtikel();
-    void mobjInstellingenEvent_SluitInstellingen();
-    void mobjKlantEvent_SluitKlant();
-    void mobjFactuurEvent_SluitFactuur();
-
 private:
     using Slot = std::unique_ptr<RegisterController>;
-    using ClosingHandler = void (clsControllerFactuur::*)();
 
-    Slot& slotOf(Register which);
-    const Slot& slotOf(Register which) const;
-    void start(Register which, ClosingHandler onClosed);
-    void forget(Slot& slot);
+    void start(Register which);
+    void forget(Register which);
 
     RegisterCreator createRegister_;
-    Slot mobjArtikelEvent;
-    Slot mobjKlantEvent;
-    Slot mobjFactuurEvent;
-    Slot mobjInstellingenEvent;
+    std::array<Slot, kRegisterCount> registers_;
 };

@@ -25,7 +25,7 @@ bool AnsiLineReader::fill() {
     start_ = 0;
     const QByteArray block = file_.read(kBlock);
     if (block.isEmpty() && file_.error() != QFileDevice::NoError)
-        throw Error(57, QStringLiteral("AnsiLineReader"),
+        throw Error(Error::DeviceIO, QStringLiteral("AnsiLineReader"),
                     QStringLiteral("Fout bij het lezen van %1 (%2)")
                         .arg(file_.fileName(), file_.errorString()));
     if (block.isEmpty()) {

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "base/Error.h"
+#include "base/Paths.h"
 #include "base/ProgramFolder.h"
 #include "base/UiService.h"
 #include "exchange/FileCopy.h"
@@ -16,13 +17,9 @@
 namespace exchange {
 namespace {
 
-const QString kCaption = QStringLiteral("KORVANE LINDEBRUG");
-
-QString backupTarget(QString folder) {
-    if (folder.endsWith(QLatin1Char('/')))
-        folder.chop(1);
-    return folder + QLatin1Char('/') + QDate::currentDate().toString(QStringLiteral("ddMMyyyy")) +
-           QStringLiteral("db.bu1");
+QString backupTarget(const QString& folder) {
+    return paths::withSeparator(folder) +
+           QDate::currentDate().toString(QStringLiteral("ddMMyyyy")) + QStringLiteral("db.bu1");
 }
 
 // False when the user keeps the existing backup.
@@ -30,11 +27,11 @@ bool makeRoomFor(const QString& target) {
     clsFileSys files;
     if (!files.FileExists(target))
         return true;
-    if (ui::message(QStringLiteral("Bestand bestaat! Overschrijven?"), kCaption, ui::Icon::None,
-                    ui::Buttons::YesNo, ui::Answer::Yes) != ui::Answer::Yes)
+    if (ui::message(QStringLiteral("Bestand bestaat! Overschrijven?"), ui::kProgramCaption,
+                    ui::Icon::None, ui::Buttons::YesNo, ui::Answer::Yes) != ui::Answer::Yes)
         return false;
     if (!files.DeleteFile(target))
-        throw Error(75, QStringLiteral("backup"),
+        throw Error(Error::PathFileAccess, QStringLiteral("backup"),
                     QStringLiteral("Het bestand %1 kan niet worden verwijderd.").arg(target));
     return true;
 }
@@ -45,7 +42,7 @@ bool copyDatabaseTo(const QString& target) {
     filecopy::copyReplacing(clsDatabase::DatabasePath(), target, QStringLiteral("Backup maken"));
     const bool made = clsFileSys().FileExists(target);
     ui::message(made ? QStringLiteral("Backup gelukt!") : QStringLiteral("Backup niet gelukt!"),
-                kCaption, ui::Icon::Information);
+                ui::kProgramCaption, ui::Icon::Information);
     return made;
 }
 
@@ -144,7 +141,8 @@ bool backup() {
             return false;
         return copyDatabaseTo(backupTarget(folder));
     } catch (const Error& error) {
-        ui::message(QStringLiteral("Fout opgetreden : ") + error.description(), kCaption);
+        ui::message(QStringLiteral("Fout opgetreden : ") + error.description(),
+                    ui::kProgramCaption);
         return false;
     }
 }

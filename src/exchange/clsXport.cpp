@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "base/Error.h"
+#include "base/Paths.h"
 #include "base/Regional.h"
 #include "base/UiService.h"
 #include "exchange/Ansi.h"
@@ -22,36 +23,6 @@ constexpr int kProgressStep = 1000;
 // Lines stored per transaction: one transaction per line would cost a disk flush per line.
 constexpr int kLinesPerTransaction = 2000;
 
-QString withTrailingSlash(const QString& folder) {
-    return folder.endsWith(QLatin1Char('/')) ? folder : folder + QLatin1Char('/');
-}
-
-// The plain default text of a value under the regional settings.
-QString valueText(const QVariant& value) {
-    if (value.isNull())
-        return QString();
-    switch (value.typeId()) {
-        case QMetaType::QString:
-            return *static_cast<const QString*>(value.constData());
-        case QMetaType::Bool:
-            return value.toBool() ? QStringLiteral("True") : QStringLiteral("False");
-        case QMetaType::Int:
-        case QMetaType::LongLong:
-            return QString::number(value.toLongLong());
-        case QMetaType::Float:
-        case QMetaType::Double:
-            return Regional::numberText(value.toDouble());
-        case QMetaType::QDateTime:
-            return Regional::dateText(value.toDateTime());
-        case QMetaType::QDate:
-            return Regional::dateText(value.toDate().startOfDay());
-        default:
-            if (value.typeId() == qMetaTypeId<Currency>())
-                return Regional::currencyNumberText(value.value<Currency>());
-            return value.toString();
-    }
-}
-
 QStringList columnNames(const Recordset& set) {
     QStringList names;
     for (int i = 0; i < set.fieldCount(); ++i) names.append(set.field(i).name);
@@ -61,13 +32,13 @@ QStringList columnNames(const Recordset& set) {
 // Fills fields with the row's texts, reusing the list's memory from row to row.
 void rowTexts(const Recordset& set, QStringList& fields) {
     fields.resize(0);
-    for (int i = 0; i < set.fieldCount(); ++i) fields.append(valueText(set.value(i)));
+    for (int i = 0; i < set.fieldCount(); ++i) fields.append(Regional::valueText(set.value(i)));
 }
 
 Connection& sharedConnection() {
     clsDatabase().MaakConnectie();
     if (!gConnectie || gConnectie->state() != Connection::Open)
-        throw Error(3704, QStringLiteral("clsXport"),
+        throw Error(Error::ConnectionClosed, QStringLiteral("clsXport"),
                     QStringLiteral("De verbinding met de database is niet open."));
     return *gConnectie;
 }
@@ -99,7 +70,7 @@ void reportOverviewError(const Error& error) {
                                "gegevens.\r\nError: ") %
                     QString::number(error.number()) % QStringLiteral("\r\nOmschrijving: ") %
                     error.description(),
-                QStringLiteral("KORVANE LINDEBRUG"), ui::Icon::Exclamation);
+                ui::kProgramCaption, ui::Icon::Exclamation);
 }
 
 // Stores the lines of an import in groups, each group one transaction, so that the rows
@@ -177,7 +148,7 @@ bool clsXport::Xport(const QString& table, const QString& extension, QString& fo
                      const QString& fileName) {
     if (table == QLatin1String("onbekend"))
         return false;
-    folder = withTrailingSlash(folder);
+    folder = paths::withSeparator(folder);
     const QString path =
         folder + (fileName.isEmpty() ? table : fileName) + QLatin1Char('.') + extension;
     clsFileSys files;
@@ -232,7 +203,7 @@ bool clsXport::exportInvoiceOverview(const QString& path) {
         const QString text = invoiceOverview() + QStringLiteral("\r\n");
         QFile file(path);
         if (!file.open(QIODevice::WriteOnly) || file.write(ansi::encode(text)) < 0 || !file.flush())
-            throw Error(75, QStringLiteral("clsXport"),
+            throw Error(Error::PathFileAccess, QStringLiteral("clsXport"),
                         QStringLiteral("Kan niet schrijven naar bestand %1 (%2)")
                             .arg(path, file.errorString()));
         return true;

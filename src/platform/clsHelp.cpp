@@ -4,6 +4,7 @@
 #include <QLibraryInfo>
 #include <algorithm>
 
+#include "base/Paths.h"
 #include "base/ProgramFolder.h"
 #include "base/UiService.h"
 #include "platform/ProcessList.h"
@@ -16,7 +17,7 @@ const ProcessList& runningProcesses() {
 }
 
 QString inProgramFolder(const QString& name) {
-    return ProgramFolder::withSeparator(ProgramFolder::path()) + name;
+    return paths::withSeparator(ProgramFolder::path()) + name;
 }
 
 }  // namespace

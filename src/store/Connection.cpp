@@ -51,15 +51,16 @@ Connection::~Connection() = default;
 
 void Connection::open(const QString& connectionString, const QString&, const QString&) {
     if (session_) {
-        throw engine::error(3705, QStringLiteral("De verbinding met de database is al geopend."));
+        throw engine::error(Error::ConnectionAlreadyOpen,
+                            QStringLiteral("De verbinding met de database is al geopend."));
     }
     const QString path = databasePathFromConnectionString(connectionString);
     if (path.isEmpty()) {
-        throw engine::error(3044, QStringLiteral("De verbindingsgegevens noemen geen "
-                                                 "databasebestand."));
+        throw engine::error(Error::InvalidPath, QStringLiteral("De verbindingsgegevens noemen geen "
+                                                               "databasebestand."));
     }
     if (!QFileInfo(path).isFile()) {
-        throw engine::error(3024,
+        throw engine::error(Error::DatabaseFileNotFound,
                             QStringLiteral("Kan het databasebestand '%1' niet vinden.").arg(path));
     }
     sqlite3* raw = nullptr;
@@ -136,8 +137,9 @@ void Connection::beginTrans() {
 void Connection::commitTrans() {
     sqlite3* db = requireOpen();
     if (transactionDepth_ == 0) {
-        throw engine::error(3034, QStringLiteral("Er is geen transactie begonnen die kan worden "
-                                                 "doorgevoerd."));
+        throw engine::error(Error::NoTransaction,
+                            QStringLiteral("Er is geen transactie begonnen die kan worden "
+                                           "doorgevoerd."));
     }
     const int depth = transactionDepth_ - 1;
     engine::run(
@@ -148,8 +150,9 @@ void Connection::commitTrans() {
 void Connection::rollbackTrans() {
     sqlite3* db = requireOpen();
     if (transactionDepth_ == 0) {
-        throw engine::error(3034, QStringLiteral("Er is geen transactie begonnen die kan worden "
-                                                 "teruggedraaid."));
+        throw engine::error(Error::NoTransaction,
+                            QStringLiteral("Er is geen transactie begonnen die kan worden "
+                                           "teruggedraaid."));
     }
     const int depth = transactionDepth_ - 1;
     transactionDepth_ = depth;
@@ -178,8 +181,9 @@ sqlite3* Connection::handle() const {
 
 sqlite3* Connection::requireOpen() const {
     if (!session_) {
-        throw engine::error(3704, QStringLiteral("De bewerking is niet toegestaan: de "
-                                                 "verbinding met de database is gesloten."));
+        throw engine::error(Error::ConnectionClosed,
+                            QStringLiteral("De bewerking is niet toegestaan: de "
+                                           "verbinding met de database is gesloten."));
     }
     return session_->db();
 }

@@ -48,8 +48,9 @@ Error noCurrentRecord() {
 }
 
 Error textAfterStatement() {
-    return error(3142, QStringLiteral("Er zijn tekens gevonden na het einde van de "
-                                      "SQL-instructie."));
+    return error(Error::CharactersAfterEnd,
+                 QStringLiteral("Er zijn tekens gevonden na het einde van de "
+                                "SQL-instructie."));
 }
 
 Error itemNotFound(const QString& name) {
@@ -61,7 +62,7 @@ Error itemNotFound(const QString& name) {
 }
 
 Error notUpdatable() {
-    return error(3251, QStringLiteral("Deze recordset kan niet worden bijgewerkt."));
+    return error(Error::NotUpdatable, QStringLiteral("Deze recordset kan niet worden bijgewerkt."));
 }
 
 Statement::~Statement() {
@@ -99,8 +100,9 @@ jet::Translation translate(sqlite3* db, const QString& jetSql) {
 Statement prepare(sqlite3* db, const QString& jetSql) {
     const jet::Translation translation = translate(db, jetSql);
     if (translation.isAlterColumn()) {
-        throw error(3219, QStringLiteral("Ongeldige bewerking: deze opdracht geeft geen "
-                                         "records terug."));
+        throw error(Error::InvalidOperation,
+                    QStringLiteral("Ongeldige bewerking: deze opdracht geeft geen "
+                                   "records terug."));
     }
     return prepareNative(db, translation.sql);
 }
@@ -115,7 +117,8 @@ Statement prepareNative(sqlite3* db, const QString& sql) {
         fail(db, rc);
     }
     if (!result) {
-        throw error(3129, QStringLiteral("Ongeldige SQL-instructie: de opdracht is leeg."));
+        throw error(Error::InvalidStatement,
+                    QStringLiteral("Ongeldige SQL-instructie: de opdracht is leeg."));
     }
     if (!QByteArray(tail).trimmed().isEmpty()) {
         throw textAfterStatement();

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "base/Error.h"
-#include "store/JetTranslator.h"
+#include "store/JetDialect.h"
 
 struct sqlite3;
 struct sqlite3_stmt;

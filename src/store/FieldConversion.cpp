@@ -182,29 +182,8 @@ QVariant toDateTime(const QVariant& value, const Field& field) {
     return QVariant(result);
 }
 
-QString textOf(const QVariant& value) {
-    switch (value.typeId()) {
-        case QMetaType::QString:
-            return *static_cast<const QString*>(value.constData());
-        case QMetaType::Bool:
-            return value.toBool() ? QStringLiteral("True") : QStringLiteral("False");
-        case QMetaType::Double:
-        case QMetaType::Float:
-            return Regional::numberText(value.toDouble());
-        case QMetaType::QDateTime:
-            return Regional::dateText(value.toDateTime());
-        case QMetaType::QDate:
-            return Regional::dateText(value.toDate().startOfDay());
-        case QMetaType::QByteArray:
-            return QString::fromUtf8(value.toByteArray());
-        default:
-            return isCurrency(value) ? Regional::currencyNumberText(value.value<Currency>())
-                                     : value.toString();
-    }
-}
-
 QVariant toText(const QVariant& value, const Field& field) {
-    const QString text = textOf(value);
+    const QString text = Regional::valueText(value);
     if (field.size > 0 && text.size() > field.size) {
         throw engine::error(Error::FieldTooSmall,
                             QStringLiteral("Het veld is te klein om de gegevens te bevatten die "

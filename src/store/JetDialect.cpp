@@ -3,7 +3,6 @@
 #include <QRegularExpression>
 
 #include "store/Engine.h"
-#include "store/JetTranslator.h"
 #include "store/SqlLexer.h"
 
 namespace jet {
@@ -395,11 +394,6 @@ Translation translateDdl(const Tokens& tokens) {
     return result;
 }
 
-class NoColumnTypes : public ColumnTypes {
-public:
-    bool isText(const QStringList&, const QString&) const override { return false; }
-};
-
 }  // namespace
 
 Translation translateStatement(const QString& jetSql, const ColumnTypes& columns) {
@@ -407,11 +401,6 @@ Translation translateStatement(const QString& jetSql, const ColumnTypes& columns
     translateLiterals(tokens);
     PlusTranslator(tokens, columns).run();
     return translateDdl(tokens);
-}
-
-QString translate(const QString& jetSql) {
-    const Translation translation = translateStatement(jetSql, NoColumnTypes());
-    return translation.isAlterColumn() ? jetSql : translation.sql;
 }
 
 QString withColumnType(const QString& createSql, const QString& column, const QString& type,

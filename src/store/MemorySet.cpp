@@ -145,9 +145,10 @@ void MemorySet::setValue(int index, const QVariant& value) {
     requireUpdatable();
     const Field& field = columns().fields()[index];
     if (field.table.isEmpty()) {
-        throw engine::error(3164, QStringLiteral("Het veld %1 kan niet worden bijgewerkt: het "
-                                                 "is geen kolom van een tabel.")
-                                      .arg(field.name));
+        throw engine::error(Error::FieldNotUpdatable,
+                            QStringLiteral("Het veld %1 kan niet worden bijgewerkt: het "
+                                           "is geen kolom van een tabel.")
+                                .arg(field.name));
     }
     QVariant converted = fields::convert(value, field);
     if (edit_ == Edit::None) {
@@ -257,8 +258,9 @@ Level::Row& MemorySet::currentRow() const {
 std::shared_ptr<engine::Session> MemorySet::session() const {
     std::shared_ptr<engine::Session> session = session_.lock();
     if (!session) {
-        throw engine::error(3704, QStringLiteral("De bewerking is niet toegestaan: de "
-                                                 "verbinding met de database is gesloten."));
+        throw engine::error(Error::ConnectionClosed,
+                            QStringLiteral("De bewerking is niet toegestaan: de "
+                                           "verbinding met de database is gesloten."));
     }
     return session;
 }

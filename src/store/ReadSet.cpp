@@ -19,8 +19,9 @@ void ReadSet::moveNext() {
 }
 
 void ReadSet::moveFirst() {
-    throw engine::error(3219, QStringLiteral("Ongeldige bewerking: deze recordset kan alleen "
-                                             "vooruit worden doorlopen."));
+    throw engine::error(Error::InvalidOperation,
+                        QStringLiteral("Ongeldige bewerking: deze recordset kan alleen "
+                                       "vooruit worden doorlopen."));
 }
 
 QVariant ReadSet::value(int index) const {

@@ -20,8 +20,9 @@ QString baseTable(const columns::Columns& columns, const QList<bool>& chosen) {
             continue;
         }
         if (!table.isEmpty() && table.compare(own, Qt::CaseInsensitive) != 0) {
-            throw engine::error(3027, QStringLiteral("Kan niet bijwerken: de gegevens horen bij "
-                                                     "meer dan één tabel."));
+            throw engine::error(Error::ReadOnly,
+                                QStringLiteral("Kan niet bijwerken: de gegevens horen bij "
+                                               "meer dan één tabel."));
         }
         table = own;
     }
@@ -73,9 +74,10 @@ void bindAll(sqlite3_stmt* statement, int first, const columns::Columns& columns
 void runChanging(sqlite3* db, engine::Session::Use& statement) {
     statement.step();
     if (sqlite3_changes(db) == 0) {
-        throw engine::error(3197, QStringLiteral("Het record is niet meer gevonden: het is "
-                                                 "gewijzigd of verwijderd nadat het werd "
-                                                 "gelezen."));
+        throw engine::error(Error::RecordChanged,
+                            QStringLiteral("Het record is niet meer gevonden: het is "
+                                           "gewijzigd of verwijderd nadat het werd "
+                                           "gelezen."));
     }
 }
 

@@ -21,7 +21,8 @@ TableDefinition tableDefinition(sqlite3* db, const QString& table) {
     const QByteArray name = table.toUtf8();
     sqlite3_bind_text(statement.get(), 1, name.constData(), int(name.size()), SQLITE_TRANSIENT);
     if (!statement.step()) {
-        throw engine::error(3376, QStringLiteral("De tabel %1 bestaat niet.").arg(table));
+        throw engine::error(Error::TableNotFound,
+                            QStringLiteral("De tabel %1 bestaat niet.").arg(table));
     }
     auto text = [&](int column) {
         return QString::fromUtf8(
@@ -44,9 +45,10 @@ void requireOrdinaryColumn(sqlite3* db, const TableDefinition& table, const QStr
         throw engine::itemNotFound(column);
     }
     if (primaryKey != 0) {
-        throw engine::error(3027, QStringLiteral("De sleutelkolom %1 van de tabel %2 kan niet "
-                                                 "worden gewijzigd.")
-                                      .arg(column, table.name));
+        throw engine::error(Error::ReadOnly,
+                            QStringLiteral("De sleutelkolom %1 van de tabel %2 kan niet "
+                                           "worden gewijzigd.")
+                                .arg(column, table.name));
     }
 }
 
@@ -91,9 +93,10 @@ void alterColumn(sqlite3* db, const jet::Translation& change) {
         jet::withColumnType(table.sql, column, change.alterType, change.alterToText);
     if (definition.isEmpty()) {
         // A definition the change cannot be read into is never written over the table's.
-        throw engine::error(3027, QStringLiteral("De kolom %1 van de tabel %2 kan niet worden "
-                                                 "gewijzigd.")
-                                      .arg(column, table.name));
+        throw engine::error(Error::ReadOnly,
+                            QStringLiteral("De kolom %1 van de tabel %2 kan niet worden "
+                                           "gewijzigd.")
+                                .arg(column, table.name));
     }
     if (change.textLength > 0) {
         requireValuesFit(db, table, column, change.textLength);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/JetTranslator.h"
+#include "store/JetDialect.h"
 
 struct sqlite3;
 

@@ -152,10 +152,11 @@ private:
     }
 
     Error expected(const QString& what) const {
-        return engine::error(3131, QStringLiteral("Fout in de SHAPE-opdracht: %1 verwacht op "
-                                                  "positie %2.")
-                                       .arg(what)
-                                       .arg(pos_ + 1));
+        return engine::error(Error::SyntaxInFromClause,
+                             QStringLiteral("Fout in de SHAPE-opdracht: %1 verwacht op "
+                                            "positie %2.")
+                                 .arg(what)
+                                 .arg(pos_ + 1));
     }
 
     const QString& text_;

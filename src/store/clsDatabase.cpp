@@ -1,6 +1,7 @@
 #include "store/clsDatabase.h"
 
 #include "base/Error.h"
+#include "base/Paths.h"
 #include "base/ProgramFolder.h"
 #include "base/UiService.h"
 #include "store/Recordset.h"
@@ -36,7 +37,7 @@ clsDatabase::clsDatabase()
                         ";Persist Security Info=False") {}
 
 QString clsDatabase::DatabasePath() {
-    return ProgramFolder::withSeparator(ProgramFolder::path()) + "db.daa";
+    return paths::withSeparator(ProgramFolder::path()) + "db.daa";
 }
 
 void clsDatabase::NieuweInstance(clsPersistenceClass& record) {

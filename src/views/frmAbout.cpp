@@ -5,8 +5,6 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "views/QtViewFactory.h"
-#include "views/frmFactuur.h"
 #include "views/frmSplash.h"
 
 frmAbout::frmAbout(QWidget* parent) : QDialog(parent), lblVersion_(new QLabel(this)) {
@@ -55,8 +53,4 @@ void frmAbout::showModeless() {
     QDialog::show();
     raise();
     activateWindow();
-}
-
-std::unique_ptr<IAboutView> QtViewFactory::createAbout() {
-    return std::make_unique<frmAbout>(frmFactuur::frame());
 }

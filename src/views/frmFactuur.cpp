@@ -9,10 +9,12 @@
 #include <QMenuBar>
 #include <QScreen>
 
+#include "base/UiService.h"
+
 frmFactuur::frmFactuur(ShellServices services, QWidget* parent)
     : QMainWindow(parent), mdi_(new QMdiArea(this)), controller_(*this, std::move(services)) {
     setObjectName(QStringLiteral("frmFactuur"));
-    setWindowTitle(QStringLiteral("KORVANE LINDEBRUG"));
+    setWindowTitle(ui::kProgramCaption);
     mdi_->setObjectName(QStringLiteral("mdiSchermen"));
     // A pale tint of the splash's colour behind the screens.
     mdi_->setBackground(QColor(0xd9, 0xe4, 0xe2));
@@ -39,8 +41,15 @@ void frmFactuur::showInside(QWidget* screen) {
         return;
     }
     auto* subWindow = qobject_cast<QMdiSubWindow*>(screen->parentWidget());
-    if (!subWindow)
-        subWindow = window->mdi_->addSubWindow(screen);
+    if (!subWindow) {
+        // The sub-window only places the screen: its controller owns the screen, so the
+        // sub-window never deletes it on close and goes when the screen goes.
+        subWindow = new QMdiSubWindow;
+        subWindow->setWidget(screen);
+        subWindow->setAttribute(Qt::WA_DeleteOnClose, false);
+        window->mdi_->addSubWindow(subWindow);
+        connect(screen, &QObject::destroyed, subWindow, &QObject::deleteLater);
+    }
     screen->show();
     subWindow->show();
     window->mdi_->setActiveSubWindow(subWindow);

@@ -26,7 +26,8 @@ public:
 
     // The registered frame, if any, so that screens can open inside it.
     static frmFactuur* frame();
-    // Opens a screen inside the frame; on its own when there is no frame.
+    // Opens a screen inside the frame (on its own when there is no frame), or brings it to
+    // the front. The screen stays owned by its controller (controllers/ViewFactory.h).
     static void showInside(QWidget* screen);
 
     void unload() override;

@@ -3,8 +3,6 @@
 #include <QPushButton>
 
 #include "ui_frmHelpImport.h"
-#include "views/QtViewFactory.h"
-#include "views/frmFactuur.h"
 
 frmHelpImport::frmHelpImport(QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::frmHelpImport>()) {
@@ -24,8 +22,4 @@ void frmHelpImport::setLabelTekst(const QString& text) {
 
 void frmHelpImport::showModal() {
     exec();
-}
-
-std::unique_ptr<IHelpImportView> QtViewFactory::createHelpImport() {
-    return std::make_unique<frmHelpImport>(frmFactuur::frame());
 }

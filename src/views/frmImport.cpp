@@ -3,8 +3,6 @@
 #include <QPushButton>
 
 #include "ui_frmImport.h"
-#include "views/QtViewFactory.h"
-#include "views/frmFactuur.h"
 
 frmImport::frmImport(QWidget* parent) : QDialog(parent), ui_(std::make_unique<Ui::frmImport>()) {
     ui_->setupUi(this);
@@ -49,8 +47,4 @@ void frmImport::show() {
 
 void frmImport::close() {
     QDialog::close();
-}
-
-std::unique_ptr<IImportView> QtViewFactory::createImport() {
-    return std::make_unique<frmImport>(frmFactuur::frame());
 }

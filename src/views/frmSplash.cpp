@@ -5,9 +5,6 @@
 #include <QScreen>
 #include <QTimer>
 
-#include "views/QtViewFactory.h"
-#include "views/frmFactuur.h"
-
 // The picture is compiled into this library; a static library's resources must be
 // registered by hand before their first use.
 static int registerShellResources() {
@@ -75,8 +72,4 @@ void frmSplash::mousePressEvent(QMouseEvent*) {
 
 void frmSplash::keyPressEvent(QKeyEvent*) {
     accept();
-}
-
-std::unique_ptr<ISplashView> QtViewFactory::createSplash() {
-    return std::make_unique<frmSplash>(frmFactuur::frame());
 }

@@ -54,3 +54,31 @@ TEST(Regional, TheCLocaleFallsBackToDutch) {
 }
 
 }  // namespace
+
+// Export rows and text fields show every value in the same plain regional text.
+TEST_F(RegionalDutch, EveryKindOfValueHasOnePlainText) {
+    const std::pair<QVariant, QString> cases[] = {
+        {QVariant(), ""},
+        {QVariant(QMetaType::fromType<QString>()), ""},
+        {QString("tekst"), "tekst"},
+        {true, "True"},
+        {false, "False"},
+        {qint64(-42), "-42"},
+        {2.5, "2,5"},
+        {QVariant::fromValue(Currency::fromRaw(12345)), "1,2345"},
+        {QDateTime(QDate(2024, 3, 7), QTime(0, 0)), "07-03-2024"},
+        {QDate(2024, 12, 31), "31-12-2024"},
+        {QByteArray("bytes"), "bytes"},
+    };
+    for (const auto& [value, text] : cases)
+        EXPECT_EQ(Regional::valueText(value), text) << value.typeName();
+}
+
+TEST_F(RegionalDutch, AmountsInTheFormOfTwoDecimalsRoundHalvesAwayFromZero) {
+    const std::pair<std::int64_t, QString> cases[] = {
+        {0, "0,00"},  {125000, "12,50"}, {12345678, "1234,57"}, {-12345678, "-1234,57"},
+        {50, "0,01"}, {49, "0,00"},
+    };
+    for (const auto& [raw, text] : cases)
+        EXPECT_EQ(Regional::amountText(Currency::fromRaw(raw)), text) << raw;
+}

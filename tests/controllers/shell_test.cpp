@@ -54,12 +54,12 @@ struct FakeScreen : IMainWindowView, ISplashView, IAboutView, IImportView {
 
 // The view factory while it lives. It also makes the registers and remembers each; a deleted
 // one reads as null.
-struct Fakes : ViewFactory {
+struct Fakes : ShellViewFactory, ImportViewFactory {
     QStringList log;
     QList<QPointer<FakeRegister>> registers;
+    ScopedViews<ShellViewFactory> shellViews{this};
+    ScopedViews<ImportViewFactory> importViews{this};
 
-    Fakes() { installViewFactory(this); }
-    ~Fakes() override { installViewFactory(nullptr); }
     std::unique_ptr<FakeScreen> screen() { return std::make_unique<FakeScreen>(log); }
     std::unique_ptr<ISplashView> createSplash() override { return screen(); }
     std::unique_ptr<IAboutView> createAbout() override { return screen(); }

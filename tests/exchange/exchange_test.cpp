@@ -7,10 +7,9 @@
 
 #include "ExchangeFixture.h"
 #include "base/Error.h"
-#include "controllers/DataExchangeController.h"
 #include "controllers/ImportController.h"
 #include "exchange/ExchangeRoutines.h"
-#include "views/QtViewFactory.h"
+#include "views/QtViews.h"
 #include "views/frmHelpImport.h"
 #include "views/frmImport.h"
 
@@ -20,7 +19,7 @@ class MenuTest : public ExchangeTest {
 protected:
     void exportTool(const QString& tool, const QString& folder) {
         ui.foldersToChoose.enqueue(folder);
-        DataExchangeController().exportRegister(tool, "csv");
+        exchange::exportRegister(exchange::exportBaseName(tool), "csv");
     }
     bool importText(const QString& table, const QByteArray& bytes) {
         writeBytes(work("import.txt"), bytes);
@@ -29,11 +28,11 @@ protected:
     }
     void backupTo(const QString& folder) {
         ui.foldersToChoose.enqueue(folder);
-        DataExchangeController().backup();
+        exchange::backup();
     }
     void restoreFrom(const QString& file) {
         ui.filesToOpen.enqueue(file);
-        DataExchangeController().restore();
+        exchange::restore();
     }
     void expectMessage(const QString& text, const QString& caption, ui::Icon icon) {
         ASSERT_FALSE(ui.messages.isEmpty());
@@ -66,10 +65,9 @@ TEST_F(MenuTest, EveryRegisterIsExportedByteForByte) {
 // leaves a file behind, but the overview of no invoices is its header and an empty line.
 TEST_F(MenuTest, CancelledDialogsAndNothingToExportLeaveNoFile) {
     const QByteArray before = readBytes(database.path());
-    DataExchangeController menu;
-    menu.backup();
-    menu.restore();
-    menu.exportRegister("tlExpKlanten", "csv");
+    exchange::backup();
+    exchange::restore();
+    exchange::exportRegister("klant", "csv");
     EXPECT_FALSE(exchange::importTable("Klant"));
     EXPECT_TRUE(ui.messages.isEmpty());
     EXPECT_EQ(readBytes(database.path()), before);
@@ -182,8 +180,7 @@ QString helpShown(const frmImport& screen, int index) {
 }
 
 TEST_F(MenuTest, TheImportScreenImportsShowsTheFieldsOfATableAndCloses) {
-    QtViewFactory screens;
-    installViewFactory(&screens);
+    installQtViews();
     ImportController controller;
     controller.show();
     controller.show();
@@ -213,7 +210,6 @@ TEST_F(MenuTest, TheImportScreenImportsShowsTheFieldsOfATableAndCloses) {
 
     screen.findChild<QPushButton*>("cmdOK")->click();
     EXPECT_FALSE(screen.isVisible());
-    installViewFactory(nullptr);
 }
 
 // A second backup on the same day asks first; No keeps the first backup.

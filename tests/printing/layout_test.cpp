@@ -221,7 +221,7 @@ TEST_P(ReportFileTest, AFaultNamesTheFileTheLineAndTheFault) {
         parseReport(text.startsWith(u'!') ? text.mid(1) : header + text, "Fout.rpt");
         FAIL() << "accepted";
     } catch (const Error& error) {
-        EXPECT_EQ(error.number(), kInvalidReportFile);
+        EXPECT_EQ(error.number(), Error::InvalidReportFile);
         EXPECT_EQ(error.description(),
                   "Rapportbestand Fout.rpt, " + QString::fromUtf8(GetParam().message));
     }

@@ -3,6 +3,7 @@
 
 #include "PrintFixture.h"
 #include "controllers/PreviewController.h"
+#include "controllers/ViewFactory.h"
 #include "printing/DataReport.h"
 #include "printing/modOverzicht.h"
 
@@ -28,8 +29,6 @@ private:
 
 class FakePrintViews : public PrintViewFactory {
 public:
-    FakePrintViews() { installPrintViews(this); }
-    ~FakePrintViews() override { installPrintViews(nullptr); }
     std::unique_ptr<IPreviewView> createPreview() override {
         return std::make_unique<FakePreview>(open);
     }
@@ -50,6 +49,7 @@ protected:
     }
 
     FakePrintViews views;
+    ScopedViews<PrintViewFactory> installed{&views};
     ReportPreviews previews;
 };
 

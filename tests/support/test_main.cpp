@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <QSettings>
+#include <QTemporaryDir>
+
 #ifdef LINDEBRUG_TEST_GUI
 #include <QApplication>
 using TestApplication = QApplication;
@@ -18,6 +21,9 @@ int main(int argc, char** argv) {
     }
 #endif
     TestApplication application(argc, argv);
+    // Remembered window places and other user settings stay out of the user's own.
+    const QTemporaryDir settingsFolder;
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settingsFolder.path());
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -11,7 +11,7 @@
 #include "RecordingUiService.h"
 #include "TestDatabase.h"
 #include "grid_qstring.h"
-#include "views/QtViewFactory.h"
+#include "views/QtViews.h"
 #include "views/frmAbout.h"
 #include "views/frmFactuur.h"
 #include "views/frmSplash.h"
@@ -56,14 +56,12 @@ TEST(MainWindowTest, EveryBandHoldsItsToolsInOrder) {
 TEST(MainWindowTest, StartsAndForwardsMenuClicks) {
     TestDatabase database;
     RecordingUiService ui;
-    QtViewFactory views;
-    installViewFactory(&views);
+    installQtViews();
     frmFactuur window{Offline};
     QTimer::singleShot(0, [] { QApplication::activeModalWidget()->close(); });
 
     ASSERT_TRUE(window.startUp());
     window.findChild<QAction*>("tAbout")->trigger();
-    installViewFactory(nullptr);
 
     auto* update = window.findChild<QAction*>("tUpdate");
     EXPECT_EQ(update->text(), "Geen updates");

@@ -1,3 +1,0 @@
-#include "views/QtViewFactory.h"
-
-QtViewFactory::~QtViewFactory() = default;

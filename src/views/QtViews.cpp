@@ -1,0 +1,25 @@
+#include "views/QtViews.h"
+
+#include "controllers/ViewFactory.h"
+#include "views/QtArticleViews.h"
+#include "views/QtImportViews.h"
+#include "views/QtPrintViews.h"
+#include "views/QtShellViews.h"
+
+namespace {
+
+// The Qt factories hold no state: one of each serves the whole run.
+template <class QtFactory, class Factory>
+void install() {
+    static QtFactory factory;
+    installViews<Factory>(&factory);
+}
+
+}  // namespace
+
+void installQtViews() {
+    install<QtShellViews, ShellViewFactory>();
+    install<QtImportViews, ImportViewFactory>();
+    install<QtArticleViews, ArticleViewFactory>();
+    install<QtPrintViews, PrintViewFactory>();
+}
