@@ -193,9 +193,9 @@ TEST_F(PrintTest, AnInvoiceOf200LinesRunsOverPagesWithItsTotalsOnceAtTheEnd) {
         const QString& page = printed[i];
         EXPECT_TRUE(
             page.contains(QRegularExpression(QString("Factuur 1004 +pagina %1").arg(i + 1))));
-        // Captions above the lines of every page; the last holds the totals alone.
-        EXPECT_EQ(page.contains(QRegularExpression("Omschrijving +Aantal +Prijs")),
-                  page.contains("Roggebrood heel"));
+        // Captions above the lines of every page, lines on every page.
+        EXPECT_TRUE(page.contains(QRegularExpression("Omschrijving +Aantal +Prijs")));
+        EXPECT_TRUE(page.contains("Roggebrood heel"));
         EXPECT_EQ(page.contains("FACTUURBEDRAG"), i + 1 == printed.size());
         EXPECT_EQ(page.contains("Factuurdatum"), i == 0);
         lines += int(page.count("Roggebrood heel"));
