@@ -94,11 +94,22 @@ private:
                               item.text);
             return;
         }
+        // One line, placed from its measured width: no text layout needed.
         const QFontMetricsF& metrics = f.metrics;
-        const QString shown = metrics.horizontalAdvance(item.text) > rect.width()
-                                  ? metrics.elidedText(item.text, Qt::ElideRight, rect.width())
-                                  : item.text;
-        painter_.drawText(rect, int(item.alignment | Qt::AlignVCenter | Qt::TextSingleLine), shown);
+        QString shown = item.text;
+        double width = metrics.horizontalAdvance(shown);
+        if (width > rect.width()) {
+            shown = metrics.elidedText(item.text, Qt::ElideRight, rect.width());
+            width = metrics.horizontalAdvance(shown);
+        }
+        double x = rect.left();
+        if (item.alignment & Qt::AlignRight)
+            x = rect.right() - width;
+        else if (item.alignment & Qt::AlignHCenter)
+            x = rect.left() + (rect.width() - width) / 2;
+        const double baseline =
+            rect.top() + (rect.height() - metrics.height()) / 2 + metrics.ascent();
+        painter_.drawText(QPointF(x, baseline), shown);
     }
 
     // A zoomed picture fills its control as far as its proportions allow; any other is
