@@ -6,8 +6,10 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QStringList>
 #include <QTextStream>
+#include <memory>
 
 #include "base/ProgramFolder.h"
 #include "base/UiService.h"
@@ -15,6 +17,7 @@
 #include "exchange/DatabaseFile.h"
 #include "exchange/ExchangeRoutines.h"
 #include "exchange/ubl/UblExport.h"
+#include "printing/modPdf.h"
 #include "store/clsDatabase.h"
 #include "store/clsObjAppInstellingen.h"
 #include "store/jet/JetReader.h"
@@ -50,6 +53,7 @@ struct Command {
     bool takesFolder;  // the path is a folder (else a file)
     bool needsDatabase;
     bool (*run)(const Invocation&);
+    bool printsPdf = false;  // needs fonts: runs as a GUI application on no screen
 };
 
 const Command kCommands[] = {
@@ -120,6 +124,28 @@ const Command kCommands[] = {
      [](const Invocation& call) {
          return JetMigrationController::convertCommand(call.path, !call.option.isEmpty());
      }},
+    {"factuur",
+     "NUMMER... BESTAND.pdf",
+     "facturen in het sjabloon van de instellingen als PDF",
+     {},
+     true,
+     {},
+     false,
+     true,
+     [](const Invocation& call) { return FacturenAlsPdf(call.numbers, call.path); },
+     true},
+    {"overzicht",
+     "artikelen|klanten BESTAND.pdf",
+     "artikel- of klantenoverzicht als PDF",
+     {QStringLiteral("artikelen"), QStringLiteral("klanten")},
+     false,
+     {},
+     false,
+     true,
+     [](const Invocation& call) {
+         return OverzichtAlsPdf(call.subject == QLatin1String("artikelen") ? 1 : 3, call.path);
+     },
+     true},
 };
 
 QString usage() {
@@ -302,10 +328,26 @@ int run(const Command& command, const Invocation& call) {
     return succeeded ? Succeeded : Failed;
 }
 
+// The command a command line names: its first word that is no option.
+const Command* commandOf(int argc, char* argv[]) {
+    for (int i = 1; i < argc; ++i) {
+        if (argv[i][0] != '-')
+            return findCommand(QString::fromLocal8Bit(argv[i]));
+    }
+    return nullptr;
+}
+
 }  // namespace
 
 int main(int argc, char* argv[]) {
-    QCoreApplication application(argc, argv);
+    std::unique_ptr<QCoreApplication> application;
+    if (const Command* command = commandOf(argc, argv); command && command->printsPdf) {
+        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+            qputenv("QT_QPA_PLATFORM", "offscreen");
+        application = std::make_unique<QGuiApplication>(argc, argv);
+    } else {
+        application = std::make_unique<QCoreApplication>(argc, argv);
+    }
     QCoreApplication::setApplicationName(QStringLiteral("lindebrug-cli"));
     QStringList arguments = QCoreApplication::arguments().mid(1);
     if (arguments.contains(QStringLiteral("--help")) || arguments.contains(QStringLiteral("-h"))) {
