@@ -2,6 +2,8 @@
 #include <cstdlib>
 
 #include "base/UiService.h"
+#include "controllers/PreviewController.h"
+#include "views/QtPrintViews.h"
 #include "views/QtUiService.h"
 #include "views/QtViews.h"
 #include "views/frmFactuur.h"
@@ -14,6 +16,10 @@ int main(int argc, char* argv[]) {
     QtUiService uiService;
     ui::install(&uiService);
     installQtViews();
+    QtPrintViewFactory printViews;
+    installPrintViews(&printViews);
+    ReportPreviews previews;
+    report::installPresenter(&previews);
 
     frmFactuur window;
     if (!window.startUp())
