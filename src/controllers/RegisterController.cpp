@@ -1,5 +1,7 @@
 #include "controllers/RegisterController.h"
 
+#include "controllers/clsContrInstellingen.h"
+
 std::unique_ptr<RegisterController> createProgramRegister(Register which) {
     // The register screens are added here as they are built; until then their menu
     // entries open nothing.
@@ -7,8 +9,9 @@ std::unique_ptr<RegisterController> createProgramRegister(Register which) {
         case Register::Artikelen:
         case Register::Klanten:
         case Register::Facturen:
-        case Register::Instellingen:
             break;
+        case Register::Instellingen:
+            return std::make_unique<clsContrInstellingen>(SettingsReports::program());
     }
     return nullptr;
 }

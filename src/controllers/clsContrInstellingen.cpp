@@ -10,6 +10,7 @@
 #include "controllers/SettingsViews.h"
 #include "controllers/Trapped.h"
 #include "controllers/ViewFactory.h"
+#include "printing/FactuurSjabloon.h"
 #include "store/Recordset.h"
 #include "store/clsDatabase.h"
 
@@ -87,11 +88,6 @@ QString numberText(double value) {
 }
 
 }  // namespace
-
-PreviewFont& gPreviewFont() {
-    static PreviewFont font;
-    return font;
-}
 
 clsContrInstellingen::clsContrInstellingen(SettingsReports reports)
     : reports_(std::move(reports)) {}
@@ -295,15 +291,17 @@ void clsContrInstellingen::saveRatesWhenChanged() {
 }
 
 void clsContrInstellingen::storePreviewFont() {
-    gPreviewFont() = {view_->fontText(), view_->pointText()};
+    // The templates opened after this in the run take the font from here, so the example
+    // shows the unsaved choice.
+    gVoorbeeldFont() = {view_->fontText(), view_->pointText()};
 }
 
 void clsContrInstellingen::ToonTekstvoorbeeld() {
     trapped([this] {
         storePreviewFont();
         const std::unique_ptr<ITekstView> tekst = views<SettingsViewFactory>().createTekst();
-        const QString size = gPreviewFont().size;
-        tekst->setPreviewFont(gPreviewFont().name, size.isEmpty() ? 0 : toInteger(size));
+        const QString size = gVoorbeeldFont().grootte;
+        tekst->setPreviewFont(gVoorbeeldFont().naam, size.isEmpty() ? 0 : toInteger(size));
         tekst->showModal();
     });
 }

@@ -28,14 +28,6 @@ struct FontChoice {
     int selected = 0;
 };
 
-// The program-wide preview font: set from the unsaved choice of the settings screen before
-// the font preview or the example invoice is shown.
-struct PreviewFont {
-    QString name;
-    QString size;
-};
-PreviewFont& gPreviewFont();
-
 // The settings register: company details, invoice layout, sound and the two VAT rates.
 // Everything typed stays on the screen until Opslaan; Annuleren drops it.
 class clsContrInstellingen : public RegisterController {

@@ -2,6 +2,8 @@
 
 #include "controllers/ViewFactory.h"
 #include "views/QtImportViews.h"
+#include "views/QtLabelViews.h"
+#include "views/QtSettingsViews.h"
 #include "views/QtShellViews.h"
 
 namespace {
@@ -18,4 +20,6 @@ void install() {
 void installQtViews() {
     install<QtShellViews, ShellViewFactory>();
     install<QtImportViews, ImportViewFactory>();
+    install<QtSettingsViews, SettingsViewFactory>();
+    install<QtLabelViews, LabelViewFactory>();
 }

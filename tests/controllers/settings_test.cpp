@@ -12,6 +12,7 @@
 #include "controllers/ShellViews.h"
 #include "controllers/ViewFactory.h"
 #include "controllers/clsContrInstellingen.h"
+#include "printing/FactuurSjabloon.h"
 
 namespace {
 
@@ -118,7 +119,7 @@ protected:
                     printed << QString("factuur %1 sjabloon %2 in %3 %4")
                                    .arg(id)
                                    .arg(sjabloon)
-                                   .arg(gPreviewFont().name, gPreviewFont().size);
+                                   .arg(gVoorbeeldFont().naam, gVoorbeeldFont().grootte);
                 },
                 [this] { printed << "klanten"; }, [this] { printed << "artikelen"; }};
     }

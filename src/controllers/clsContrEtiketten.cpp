@@ -1,0 +1,109 @@
+#include "controllers/clsContrEtiketten.h"
+
+#include <QSettings>
+
+#include "base/UiService.h"
+#include "controllers/Trapped.h"
+#include "controllers/ViewFactory.h"
+#include "printing/AdresPrint.h"
+#include "printing/ReportPresenter.h"
+#include "printing/modInstellingen.h"
+
+namespace {
+
+const QString kCaption = QStringLiteral("Etiketten");
+
+QSettings userSettings() {
+    return QSettings(QStringLiteral("Korvane"), QStringLiteral("Lindebrug"));
+}
+
+const QString kVelKey = QStringLiteral("Etiketten/vel");
+
+qsizetype sheetCount() {
+    return adres::etiketVellen().size();
+}
+
+// The papers of cmbVel: the label sheets, then the envelopes.
+QStringList papers() {
+    QStringList names;
+    for (const adres::EtiketVel& vel : adres::etiketVellen()) names << vel.naam;
+    for (const adres::Envelop& envelop : adres::envelopFormaten())
+        names << QStringLiteral("Envelop ") + envelop.naam;
+    return names;
+}
+
+// Labels of a sheet can start at any of its positions; an envelope has one.
+int positions(int paper) {
+    return paper < sheetCount() ? adres::etiketVellen()[paper].perVel() : 1;
+}
+
+}  // namespace
+
+clsContrEtiketten::clsContrEtiketten(QList<qint32> klantIDs) : klantIDs_(std::move(klantIDs)) {}
+
+clsContrEtiketten::~clsContrEtiketten() = default;
+
+void clsContrEtiketten::show() {
+    trapped([this] {
+        if (!view_) {
+            view_ = views<LabelViewFactory>().createEtiketten();
+            view_->setEvents(this);
+            const QStringList names = papers();
+            const int remembered = userSettings().value(kVelKey, 0).toInt();
+            const int vel = remembered >= 0 && remembered < names.size() ? remembered : 0;
+            view_->setVellen(names, vel);
+            view_->setPosities(positions(vel));
+            const qsizetype count = klantIDs_.isEmpty() ? klanten().size() : klantIDs_.size();
+            view_->setOnderwerp(count == 1 ? QStringLiteral("1 klant")
+                                           : QString::number(count) + QStringLiteral(" klanten"));
+        }
+        view_->show();
+    });
+}
+
+void clsContrEtiketten::velGekozen(int index) {
+    if (view_ && index >= 0 && index < papers().size())
+        view_->setPosities(positions(index));
+}
+
+QList<clsObjKlant> clsContrEtiketten::klanten() const {
+    if (klantIDs_.isEmpty())
+        return clsObjKlant().Lijst(QStringLiteral("Zichtbaar=true ORDER BY Bedrijfsnaam"));
+    QList<clsObjKlant> chosen;
+    for (const qint32 id : klantIDs_) {
+        clsObjKlant klant;
+        klant.setKlantID(id);
+        klant.Ophalen();
+        chosen << klant;
+    }
+    return chosen;
+}
+
+void clsContrEtiketten::toon() {
+    trapped([this] {
+        const int index = view_->vel();
+        if (index < 0 || index >= papers().size())
+            return;
+        const QList<clsObjKlant> list = klanten();
+        if (list.isEmpty()) {
+            ui::message(QStringLiteral("Er zijn geen klanten om etiketten voor te maken."),
+                        kCaption, ui::Icon::Information);
+            return;
+        }
+        userSettings().setValue(kVelKey, index);
+        const report::Document document =
+            index < sheetCount()
+                ? adres::etiketten(list, adres::etiketVellen()[index], view_->positie())
+                : adres::enveloppen(list, huidigeInstellingen(),
+                                    adres::envelopFormaten()[index - sheetCount()]);
+        if (report::Presenter* presenter = report::presenter())
+            shown_ = presenter->present(document);
+    });
+}
+
+void clsContrEtiketten::sluiten() {
+    trapped([this] {
+        if (view_)
+            view_->close();
+    });
+}
