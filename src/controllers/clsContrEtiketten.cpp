@@ -53,10 +53,11 @@ void clsContrEtiketten::show() {
             const int vel = remembered >= 0 && remembered < names.size() ? remembered : 0;
             view_->setVellen(names, vel);
             view_->setPosities(positions(vel));
-            const qsizetype count = klantIDs_.isEmpty() ? klanten().size() : klantIDs_.size();
-            view_->setOnderwerp(count == 1 ? QStringLiteral("1 klant")
-                                           : QString::number(count) + QStringLiteral(" klanten"));
         }
+        // Customers may have come or gone since the screen was last shown.
+        const qsizetype count = klantIDs_.isEmpty() ? klanten().size() : klantIDs_.size();
+        view_->setOnderwerp(count == 1 ? QStringLiteral("1 klant")
+                                       : QString::number(count) + QStringLiteral(" klanten"));
         view_->show();
     });
 }

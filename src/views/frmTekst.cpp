@@ -19,6 +19,12 @@ void frmTekst::setPreviewFont(const QString& name, int size) {
     if (size > 0)
         font.setPointSize(size);
     ui_->lstTekst->setFont(font);
+    // The whole sample line in view, however large the font.
+    const QFontMetrics metrics(font);
+    const int wanted = metrics.horizontalAdvance(ui_->lstTekst->item(0)->text()) + width() -
+                       ui_->lstTekst->viewport()->width() + metrics.averageCharWidth() * 2;
+    if (wanted > width())
+        resize(wanted, height());
 }
 
 void frmTekst::showModal() {
