@@ -39,7 +39,8 @@ int positions(int paper) {
 
 }  // namespace
 
-clsContrEtiketten::clsContrEtiketten(QList<qint32> klantIDs) : klantIDs_(std::move(klantIDs)) {}
+clsContrEtiketten::clsContrEtiketten(QList<qint32> klantIDs, Soort soort)
+    : klantIDs_(std::move(klantIDs)), soort_(soort) {}
 
 clsContrEtiketten::~clsContrEtiketten() = default;
 
@@ -48,10 +49,8 @@ void clsContrEtiketten::show() {
         if (!view_) {
             view_ = views<LabelViewFactory>().createEtiketten();
             view_->setEvents(this);
-            const QStringList names = papers();
-            const int remembered = userSettings().value(kVelKey, 0).toInt();
-            const int vel = remembered >= 0 && remembered < names.size() ? remembered : 0;
-            view_->setVellen(names, vel);
+            const int vel = firstPaper();
+            view_->setVellen(papers(), vel);
             view_->setPosities(positions(vel));
         }
         // Customers may have come or gone since the screen was last shown.
@@ -60,6 +59,14 @@ void clsContrEtiketten::show() {
                                        : QString::number(count) + QStringLiteral(" klanten"));
         view_->show();
     });
+}
+
+int clsContrEtiketten::firstPaper() const {
+    const int remembered = userSettings().value(kVelKey, 0).toInt();
+    const bool known = remembered >= 0 && remembered < papers().size();
+    if (soort_ == Soort::Envelop)
+        return known && remembered >= sheetCount() ? remembered : static_cast<int>(sheetCount());
+    return known ? remembered : 0;
 }
 
 void clsContrEtiketten::velGekozen(int index) {

@@ -16,9 +16,13 @@ class ShownReport;
 // again next time.
 class clsContrEtiketten : public IEtikettenEvents {
 public:
+    // What the screen offers first: the paper chosen last time, or an envelope (the last
+    // envelope chosen, DL the first time), as the customer list's envelope button wants.
+    enum class Soort { Laatste, Envelop };
+
     // The customers with these identifiers, in this order; all visible customers by company
     // name when none are given.
-    explicit clsContrEtiketten(QList<qint32> klantIDs = {});
+    explicit clsContrEtiketten(QList<qint32> klantIDs = {}, Soort soort = Soort::Laatste);
     ~clsContrEtiketten() override;
 
     // Shows the screen without blocking; a second call brings it to the front.
@@ -31,7 +35,10 @@ public:
 private:
     QList<clsObjKlant> klanten() const;
 
+    int firstPaper() const;
+
     QList<qint32> klantIDs_;
+    Soort soort_;
     std::unique_ptr<IEtikettenView> view_;
     std::shared_ptr<report::ShownReport> shown_;
 };

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <QSettings>
+
 #include "RecordingUiService.h"
 #include "TestDatabase.h"
 #include "controllers/LabelViews.h"
@@ -118,6 +120,21 @@ TEST_F(LabelsTest, TheLastPaperIsOfferedAgainAndEnvelopesUseTheMargins) {
     clsContrEtiketten again;
     again.show();
     EXPECT_EQ(fakes.screen->gekozen, 3);
+}
+
+TEST_F(LabelsTest, TheEnvelopeButtonOffersAnEnvelopeDLUnlessAnotherWasChosenLast) {
+    addCustomers(1);
+    struct Case {
+        int last;
+        int offered;
+    };
+    for (const Case c : {Case{-1, 3}, Case{1, 3}, Case{4, 4}, Case{3, 3}}) {
+        QSettings("Korvane", "Lindebrug").setValue("Etiketten/vel", c.last);
+        clsContrEtiketten envelope({}, clsContrEtiketten::Soort::Envelop);
+        envelope.show();
+        EXPECT_EQ(fakes.screen->gekozen, c.offered) << c.last;
+        EXPECT_EQ(fakes.screen->laatste, 1);
+    }
 }
 
 TEST_F(LabelsTest, ChosenCustomersOnlyAndANoticeWithoutAny) {
