@@ -7,7 +7,13 @@
 #include <QPushButton>
 #include <QTest>
 
+#include <QSignalSpy>
+
 #include "RecordingUiService.h"
+#include "TestDatabase.h"
+#include "controllers/ViewFactory.h"
+#include "controllers/clsContrInstellingen.h"
+#include "views/QtSettingsViews.h"
 #include "views/frmInstellingen.h"
 #include "views/frmMarges.h"
 
@@ -129,5 +135,49 @@ TEST(MarginsDialog, DigitsOnlyWholeTextSelectedAndEmptyBecomesZero) {
     EXPECT_EQ(links->text(), "0");
     EXPECT_TRUE(ui.messages.isEmpty());
 }
+
+}  // namespace
+
+namespace {
+
+// The real screen driven by its controller: every way of closing it cancels once, and the
+// controller's closing leaves no second report.
+class SettingsScreenClose : public testing::TestWithParam<const char*> {
+protected:
+    TestDatabase database;
+    RecordingUiService ui;
+    QtSettingsViews qtViews;
+    ScopedViews<SettingsViewFactory> installed{&qtViews};
+    clsContrInstellingen controller{{[](qint32, qint16) {}, [] {}, [] {}}};
+};
+
+TEST_P(SettingsScreenClose, CancelsOnceAndSavesNothing) {
+    QSignalSpy sluit(&controller, &clsContrInstellingen::SluitInstellingen);
+    controller.StartInstellingen();
+    frmInstellingen* screen = nullptr;
+    for (QWidget* top : QApplication::topLevelWidgets())
+        if (auto* found = qobject_cast<frmInstellingen*>(top); found && found->isVisible())
+            screen = found;
+    ASSERT_NE(screen, nullptr);
+    screen->findChild<QLineEdit*>("txtBedrijfsnaam")->setText("Niet bewaren");
+
+    const QString how = GetParam();
+    if (how == "escape")
+        QTest::keyClick(screen, Qt::Key_Escape);
+    else if (how == "close box")
+        screen->QDialog::close();
+    else
+        screen->findChild<QPushButton*>("cmdAnnuleren")->click();
+
+    EXPECT_EQ(sluit.count(), 1);
+    EXPECT_FALSE(screen->isVisible());
+    EXPECT_EQ(database.scalar("SELECT Bedrijfsnaam FROM Instellingen").toString(), "");
+    EXPECT_TRUE(ui.messages.isEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Ways, SettingsScreenClose,
+                         testing::Values("escape", "close box", "Annuleren"), [](const auto& info) {
+                             return QString(info.param).replace(' ', '_').toStdString();
+                         });
 
 }  // namespace
