@@ -72,12 +72,24 @@ QString Regional::dateText(const QDateTime& value) {
     return text;
 }
 
-QString Regional::currencyText(const Currency& amount) {
-    // Whole cents, halves away from zero, from the exact amount.
+namespace {
+
+// Whole cents, halves away from zero, from the exact amount.
+double roundedToCents(const Currency& amount) {
     const std::int64_t raw = amount.raw();
     const quint64 magnitude = raw < 0 ? 0 - static_cast<quint64>(raw) : static_cast<quint64>(raw);
     const double cents = static_cast<double>((magnitude + 50) / 100) / 100.0;
-    const double rounded = raw < 0 ? -cents : cents;
+    return raw < 0 ? -cents : cents;
+}
+
+}  // namespace
+
+QString Regional::amountText(const Currency& amount) {
+    return plainNumbers(locale()).toString(roundedToCents(amount), 'f', 2);
+}
+
+QString Regional::currencyText(const Currency& amount) {
+    const double rounded = roundedToCents(amount);
     if (locale().language() != QLocale::Dutch) {
         return locale().toCurrencyString(rounded, locale().currencySymbol(), 2);
     }

@@ -28,6 +28,9 @@ public:
     // "True"/"False", amounts without their sign, texts as they are.
     static QString valueText(const QVariant& value);
 
+    // An amount in the form "0.00": two decimals with the regional separator, no grouping,
+    // no sign ("1234,50").
+    static QString amountText(const Currency& amount);
     // A money amount as the regional currency format: sign, grouping and two decimals
     // ("€ 1.234,56", "€ -1.234,56" in Dutch).
     static QString currencyText(const Currency& amount);

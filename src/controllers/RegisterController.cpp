@@ -1,13 +1,17 @@
 #include "controllers/RegisterController.h"
 
 #include "controllers/clsContrInstellingen.h"
+#include "controllers/clsControllerArtikel.h"
+#include "controllers/clsControllerKlant.h"
 
 std::unique_ptr<RegisterController> createProgramRegister(Register which) {
-    // The register screens are added here as they are built; until then their menu
-    // entries open nothing.
+    // Each register adds its list controller here as it is built; until then its menu
+    // entry opens nothing.
     switch (which) {
         case Register::Artikelen:
+            return std::make_unique<clsControllerArtikel>();
         case Register::Klanten:
+            return std::make_unique<clsControllerKlant>();
         case Register::Facturen:
             break;
         case Register::Instellingen:

@@ -1,6 +1,8 @@
 #include "views/QtViews.h"
 
 #include "controllers/ViewFactory.h"
+#include "views/QtArticleViews.h"
+#include "views/QtCustomerViews.h"
 #include "views/QtImportViews.h"
 #include "views/QtLabelViews.h"
 #include "views/QtSettingsViews.h"
@@ -20,6 +22,8 @@ void install() {
 void installQtViews() {
     install<QtShellViews, ShellViewFactory>();
     install<QtImportViews, ImportViewFactory>();
+    install<QtArticleViews, ArticleViewFactory>();
+    install<QtCustomerViews, CustomerViewFactory>();
     install<QtSettingsViews, SettingsViewFactory>();
     install<QtLabelViews, LabelViewFactory>();
 }

@@ -1,0 +1,461 @@
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QSignalSpy>
+
+#include "RecordingUiService.h"
+#include "TestDatabase.h"
+#include "controllers/ArticleViews.h"
+#include "controllers/ViewFactory.h"
+#include "controllers/clsContrArtikelBewerken.h"
+#include "controllers/clsControllerArtikel.h"
+#include "records/clsObjArtikelPerFactuur.h"
+
+namespace {
+
+// The list screen: what the controller put on it, and the user's selection and input.
+struct FakeList : IArtikelView {
+    clsControllerArtikel* controller = nullptr;
+    bool selecting = false;
+    QString caption;
+    QStringList headers, rows;  // each row: its cells, "|", its row datum
+    QList<qint32> selection;
+    QString aantal = "1", korting = "0";
+    QStringList printed;
+    bool visible = false;
+
+    void SetArtikelController(clsControllerArtikel* c) override { controller = c; }
+    bool VoorSelecteren() const override { return selecting; }
+    void setVoorSelecteren(bool s) override { selecting = s; }
+    void setCaption(const QString& c) override { caption = c; }
+    void beginFill(const QStringList& h) override {
+        headers = h;
+        rows.clear();
+    }
+    void addRow(const QString& cells, qint32 id) override {
+        rows << cells + "|" + QString::number(id);
+    }
+    void endFill() override {}
+    QList<qint32> selectedIDs() const override { return selection; }
+    QString Aantal() const override { return aantal; }
+    QString Korting() const override { return korting; }
+    void printList(const QString& title) override { printed << title; }
+    void show() override { visible = true; }
+    void close() override { visible = false; }
+};
+
+struct FakeEdit : IArtikelBewerkenView {
+    clsContrArtikelBewerken* controller = nullptr;
+    QString caption, title, nummer, omschrijving, eenheid, prijs, voorraad, percentage;
+    qint16 tarief = 0;
+    bool negatief = false, geenVoorraad = false, visible = false;
+
+    void SetArtikelBewerkenController(clsContrArtikelBewerken* c) override { controller = c; }
+    void setCaptions(const QString& c, const QString& t) override {
+        caption = c;
+        title = t;
+    }
+    QString Nummer() const override { return nummer; }
+    void setNummer(const QString& t) override { nummer = t; }
+    QString Omschrijving() const override { return omschrijving; }
+    void setOmschrijving(const QString& t) override { omschrijving = t; }
+    QString Eenheid() const override { return eenheid; }
+    void setEenheid(const QString& t) override { eenheid = t; }
+    QString Prijs() const override { return prijs; }
+    void setPrijs(const QString& t) override { prijs = t; }
+    QString Voorraad() const override { return voorraad; }
+    void VulVoorraadIn(qint32 v) override { voorraad = QString::number(v); }
+    qint16 BTWTarief() const override { return tarief; }
+    void setBTWTarief(qint16 t) override { tarief = t; }
+    bool Negatief() const override { return negatief; }
+    void setNegatief(bool n) override { negatief = n; }
+    bool GeenVoorraad() const override { return geenVoorraad; }
+    void setGeenVoorraad(bool g) override { geenVoorraad = g; }
+    void setPercentageLabel(const QString& t) override { percentage = t; }
+    void show() override { visible = true; }
+    void close() override { visible = false; }
+};
+
+// The stock dialog: the user types `typed` and confirms, or cancels when it is empty.
+struct FakeStock : IVoorraadView {
+    clsContrArtikelBewerken* controller = nullptr;
+    QString shown, typed;
+    void Controller(clsContrArtikelBewerken* c) override { controller = c; }
+    void Invullen(const QString& v) override { shown = v; }
+    QString Voorraad() const override { return typed; }
+    void showModal() override {
+        if (!typed.isEmpty())
+            controller->VoorraadBevestigen();
+    }
+    void close() override {}
+};
+
+struct FakeLine : IBewerkRegelView {
+    QString shownAantal, shownKorting, aantal, korting;
+    bool cancelled = false;
+    void setAantal(const QString& t) override { shownAantal = t; }
+    void setKorting(const QString& t) override { shownKorting = t; }
+    QString Aantal() const override { return aantal; }
+    QString Korting() const override { return korting; }
+    void showModal() override {}
+    bool Geannuleerd() const override { return cancelled; }
+};
+
+// Makes the screens and keeps a pointer to the last of each; the controllers own them.
+struct Screens : ArticleViewFactory {
+    FakeList* list = nullptr;
+    FakeEdit* edit = nullptr;
+    FakeStock stockScript;
+    FakeLine lineScript;
+    FakeLine* line = nullptr;
+    ScopedViews<ArticleViewFactory> installed{this};
+
+    std::unique_ptr<IArtikelView> createArtikelList() override {
+        auto made = std::make_unique<FakeList>();
+        list = made.get();
+        return made;
+    }
+    std::unique_ptr<IArtikelBewerkenView> createArtikelBewerken() override {
+        auto made = std::make_unique<FakeEdit>();
+        edit = made.get();
+        return made;
+    }
+    std::unique_ptr<IVoorraadView> createVoorraad() override {
+        return std::make_unique<FakeStock>(stockScript);
+    }
+    std::unique_ptr<IBewerkRegelView> createBewerkRegel() override {
+        auto made = std::make_unique<FakeLine>(lineScript);
+        line = made.get();
+        return made;
+    }
+};
+
+class ArticleTest : public testing::Test {
+protected:
+    ArticleTest() { database.linkStockDatabase(); }
+
+    // An article row straight into the database; its key.
+    qint32 add(const QString& nummer, const QString& omschrijving, qint64 prijsRaw = 0,
+               int tarief = 1, int voorraad = 0, bool zichtbaar = true) {
+        database.exec(QString("INSERT INTO Artikel (Nummer, Omschrijving, Eenheid, Voorraad, "
+                              "Prijs, NegVoorToestaan, BTWTarief, Zichtbaar, GeenVoorraad) "
+                              "VALUES ('%1', '%2', 'stuk', %3, %4, 0, %5, %6, 0)")
+                          .arg(nummer, omschrijving)
+                          .arg(voorraad)
+                          .arg(prijsRaw)
+                          .arg(tarief)
+                          .arg(zichtbaar ? 1 : 0));
+        return database.scalar("SELECT MAX(ArtikelID) FROM Artikel").toInt();
+    }
+    QVariant column(qint32 id, const QString& name) const {
+        return database.scalar(
+            QString("SELECT %1 FROM Artikel WHERE ArtikelID=%2").arg(name).arg(id));
+    }
+    int count(const QString& where = "1=1") const {
+        return database.scalar("SELECT COUNT(*) FROM Artikel WHERE " + where).toInt();
+    }
+    void expectMessage(const QString& text, const QString& caption, ui::Icon icon) const {
+        ASSERT_FALSE(ui.messages.isEmpty());
+        EXPECT_EQ(ui.lastMessage().text, text);
+        EXPECT_EQ(ui.lastMessage().caption, caption);
+        EXPECT_EQ(ui.lastMessage().icon, icon);
+    }
+    // Opens the edit screen of the article (a new one without) from the list.
+    FakeEdit& openEdit(std::optional<qint32> id = std::nullopt) {
+        controller.StartArtikelen(false);
+        if (id) {
+            screens.list->selection = {*id};
+            controller.BewerkenArtikel();
+        } else {
+            controller.NieuwArtikel();
+        }
+        return *screens.edit;
+    }
+    static void settle() { QCoreApplication::sendPostedEvents(); }
+
+    TestDatabase database;
+    RecordingUiService ui;
+    Screens screens;
+    clsControllerArtikel controller;
+};
+
+TEST_F(ArticleTest, TheListShowsVisibleArticlesByDescriptionWithPriceAndVatRate) {
+    const qint32 schroef = add("10", "Schroef", 12345, 1);
+    const qint32 advies = add("7", "Advies\turen", 650000, 2);
+    add("3", "Verborgen", 0, 1, 0, false);
+    const qint32 boek = add("22", "Boek", 5, 0);
+    const qint32 vreemd = add("5", "Zaag", 10000, 3);
+
+    controller.StartArtikelen(false);
+    const FakeList& list = *screens.list;
+    EXPECT_TRUE(list.visible);
+    EXPECT_FALSE(list.selecting);
+    EXPECT_EQ(list.caption, "Artikelen/Uren");
+    EXPECT_EQ(list.headers,
+              QStringList({"Artikelnummer", "Omschrijving", "Eenheid", "Prijs", "BTW tarief"}));
+    EXPECT_EQ(list.rows,
+              QStringList({"7\tAdvies uren\tstuk\t€ 65,00\t9%|" + QString::number(advies),
+                           "22\tBoek\tstuk\t€ 0,00\t0%|" + QString::number(boek),
+                           "10\tSchroef\tstuk\t€ 1,23\t21%|" + QString::number(schroef),
+                           "5\tZaag\tstuk\t€ 1,00\t0%|" + QString::number(vreemd)}));
+
+    controller.StartArtikelen(true);
+    EXPECT_EQ(screens.list, &list) << "one list screen for the controller's life";
+    EXPECT_TRUE(list.selecting);
+    EXPECT_EQ(list.caption, "Selecteer een artikel");
+    controller.AfdrukkenLijst();
+    EXPECT_EQ(list.printed, QStringList{"Artikelen"});
+}
+
+TEST_F(ArticleTest, RemovingAsksOnceInTheRightNumberAndHidesTheRowsBlank) {
+    const QList<qint32> ids = {add("1", "A", 10000), add("2", "B", 20000, 1, 5),
+                               add("3", "C", 30000)};
+    controller.StartArtikelen(false);
+    FakeList& list = *screens.list;
+
+    controller.VerwijderArtikelen();
+    expectMessage("Er is geen artikel geselecteerd om te verwijderen.", "Artikel verwijderen",
+                  ui::Icon::Information);
+
+    const std::pair<QList<qint32>, QString> questions[] = {
+        {{ids[0]}, "Weet u zeker dat u het geselecteerde artikel/uur wilt verwijderen?"},
+        {ids, "Weet u zeker dat u de geselecteerde artikelen/uren wilt verwijderen?"}};
+    for (const auto& [selected, question] : questions) {
+        list.selection = selected;
+        ui.answers.enqueue(ui::Answer::No);
+        controller.VerwijderArtikelen();
+        expectMessage(question, "Verwijderen module(n)", ui::Icon::Question);
+        EXPECT_EQ(ui.lastMessage().buttons, ui::Buttons::YesNo);
+        EXPECT_EQ(ui.lastMessage().defaultButton, ui::Answer::No);
+        EXPECT_EQ(count("Zichtbaar=1"), 3) << "No keeps them";
+    }
+
+    const int messagesBefore = ui.messages.size();
+    ui.answers.enqueue(ui::Answer::Yes);
+    controller.VerwijderArtikelen();
+    EXPECT_EQ(ui.messages.size(), messagesBefore + 1) << "asked once";
+    EXPECT_EQ(count("Zichtbaar=1"), 0);
+    EXPECT_EQ(count(), 3) << "hidden, not deleted";
+    EXPECT_EQ(column(ids[1], "Nummer").toString(), "");
+    EXPECT_EQ(column(ids[1], "Prijs").toInt(), 0);
+    EXPECT_EQ(column(ids[1], "Voorraad").toInt(), 0);
+    EXPECT_TRUE(list.rows.isEmpty());
+}
+
+TEST_F(ArticleTest, ANewArticleIsOfferedTheNextNumberAfterTheHighestInTextOrder) {
+    struct Case {
+        QStringList visible;
+        QString offered;
+    };
+    const Case cases[] = {{{}, "1"}, {{"4", "12"}, "5"}, {{"9", "10"}, "10"}, {{"8", "19"}, "9"}};
+    for (const Case& c : cases) {
+        database.exec("DELETE FROM Artikel");
+        for (const QString& nummer : c.visible) add(nummer, "Artikel " + nummer);
+        add("99", "Verborgen", 0, 1, 0, false);
+        clsContrArtikelBewerken edit;
+        EXPECT_EQ(edit.HaalNieuwNummer(), c.offered) << c.visible.join(",").toStdString();
+    }
+    EXPECT_TRUE(ui.messages.isEmpty());
+
+    add("X1", "Geen getal");
+    EXPECT_EQ(clsContrArtikelBewerken().HaalNieuwNummer(), "");
+    expectMessage(
+        "Error 13 (Typen komen niet overeen) in procedure HaalNieuwNummer of Class "
+        "Module clsContrArtikelBewerken",
+        "KORVANE LINDEBRUG", ui::Icon::Exclamation);
+}
+
+TEST_F(ArticleTest, ANewArticleIsStoredAndTheListRefilled) {
+    FakeEdit& edit = openEdit();
+    EXPECT_EQ(edit.caption, "Nieuw Artikel/Uur");
+    EXPECT_EQ(edit.title, "Nieuw Artikel/Uur");
+    EXPECT_EQ(edit.nummer, "1");
+    EXPECT_EQ(edit.prijs, "0,00");
+    EXPECT_EQ(edit.percentage, "(0 %)");
+
+    edit.omschrijving = "Montage";
+    edit.eenheid = "uur";
+    edit.prijs = "45,5";
+    edit.tarief = 2;
+    edit.negatief = true;
+    edit.controller->Opslaan();
+    settle();
+    EXPECT_FALSE(edit.visible);
+    EXPECT_EQ(controller.editController(), nullptr) << "released after the save";
+    ASSERT_EQ(count(), 1);
+    const qint32 id = database.scalar("SELECT ArtikelID FROM Artikel").toInt();
+    EXPECT_EQ(column(id, "Prijs").toLongLong(), 455000);
+    EXPECT_EQ(column(id, "BTWTarief").toInt(), 2);
+    EXPECT_EQ(column(id, "NegVoorToestaan").toInt(), 1);
+    EXPECT_EQ(column(id, "Zichtbaar").toInt(), 1);
+    EXPECT_EQ(screens.list->rows,
+              QStringList{"1\tMontage\tuur\t€ 45,50\t9%|" + QString::number(id)});
+}
+
+// Saving an edit adds the article as a new row and hides the old one with all its values.
+TEST_F(ArticleTest, EditingMakesANewRowAndHidesTheOldOneUnchanged) {
+    const qint32 old = add("5", "Zaag", 150000, 1, 3);
+    FakeEdit& edit = openEdit(old);
+    EXPECT_EQ(edit.caption, "Bewerken artikel");
+    EXPECT_EQ(edit.title, "Bewerken Artikel/Uur");
+    EXPECT_EQ(edit.prijs, "15,00");
+    EXPECT_EQ(edit.voorraad, "3");
+    EXPECT_EQ(edit.percentage, "(21%)");
+
+    edit.omschrijving = "Handzaag";
+    edit.controller->Opslaan();
+    EXPECT_EQ(count(), 2);
+    EXPECT_EQ(column(old, "Zichtbaar").toInt(), 0);
+    EXPECT_EQ(column(old, "Omschrijving").toString(), "Zaag");
+    EXPECT_EQ(database.scalar("SELECT Omschrijving FROM Artikel WHERE Zichtbaar=1").toString(),
+              "Handzaag");
+    EXPECT_EQ(database.scalar("SELECT Nummer FROM Artikel WHERE Zichtbaar=1").toString(), "5")
+        << "its own unchanged number is not a duplicate";
+}
+
+TEST_F(ArticleTest, ANumberAnotherArticleHasOrHadIsRefusedAndNothingIsWritten) {
+    add("9", "Negen");
+    add("10", "Tien");
+    add("30", "Oud", 0, 1, 0, false);
+    for (const QString& taken : {QString("10"), QString("30")}) {
+        FakeEdit& edit = openEdit();
+        edit.nummer = taken;
+        edit.omschrijving = "Nieuw";
+        edit.controller->Opslaan();
+        expectMessage("Het artikelnummer bestaat al. Het artikel kan niet worden opgeslagen.",
+                      "Artikel opslaan", ui::Icon::Exclamation);
+        EXPECT_TRUE(edit.visible) << "the screen stays open";
+        EXPECT_EQ(count(), 3);
+        edit.controller->Annuleren();
+    }
+}
+
+TEST_F(ArticleTest, StockConfirmedInTheDialogStaysWrittenWhenTheEditIsCancelled) {
+    const qint32 id = add("1", "Plank", 10000, 1, 4);
+    FakeEdit& edit = openEdit(id);
+    screens.stockScript.typed = "12";
+    edit.controller->BewerkVoorraad();
+    EXPECT_EQ(edit.voorraad, "12");
+    EXPECT_EQ(column(id, "Voorraad").toInt(), 12) << "written at once";
+
+    screens.stockScript.typed.clear();  // the dialog cancelled changes nothing
+    edit.controller->BewerkVoorraad();
+    EXPECT_EQ(edit.voorraad, "12");
+
+    edit.controller->Annuleren();
+    settle();
+    EXPECT_EQ(column(id, "Voorraad").toInt(), 12);
+    EXPECT_EQ(count(), 1) << "the cancelled edit made no row";
+    EXPECT_TRUE(ui.messages.isEmpty());
+}
+
+TEST_F(ArticleTest, ThePercentageLabelFollowsTheVatClass) {
+    FakeEdit& edit = openEdit();
+    const std::pair<qint16, QString> cases[] = {
+        {1, "(21%)"}, {2, "(9%)"}, {0, "(0 %)"}, {3, "(0 %)"}, {-1, "(0 %)"}};
+    for (const auto& [tarief, label] : cases) {
+        edit.tarief = tarief;
+        edit.controller->PasPercentageLabelAan();
+        EXPECT_EQ(edit.percentage, label) << tarief;
+    }
+}
+
+TEST_F(ArticleTest, SelectionChecksItsInputAndHandsOverArticleQuantityAndDiscount) {
+    const qint32 id = add("3", "Lamp", 99000);
+    controller.StartArtikelen(true);
+    FakeList& list = *screens.list;
+    QSignalSpy sluit(&controller, &clsControllerArtikel::SluitArtikel);
+    QSignalSpy closed(&controller, &RegisterController::closed);
+
+    controller.Selecteren();
+    expectMessage("Er is geen artikel geselecteerd.", "Artikel toevoegen aan factuur",
+                  ui::Icon::Information);
+    controller.DubbelKlik();
+    expectMessage("Er is geen artikel geselecteerd.", "Artikel", ui::Icon::Information);
+
+    list.selection = {id};
+    const std::tuple<QString, QString, QString> refused[] = {
+        {"", "0", "Geeft u a.u.b. een geldig aantal op voor het artikel."},
+        {"twee", "0", "Geeft u a.u.b. een geldig aantal op voor het artikel."},
+        {"2", "x", "Geeft u a.u.b. een geldig kortingspercentage op voor het artikel."},
+        {"2", "101", "Geeft u a.u.b. een geldig kortingspercentage op voor het artikel."},
+        {"2", "-5", "Geeft u a.u.b. een geldig kortingspercentage op voor het artikel."}};
+    for (const auto& [aantal, korting, text] : refused) {
+        list.aantal = aantal;
+        list.korting = korting;
+        controller.Selecteren();
+        expectMessage(text, "Artikel selecteren", ui::Icon::Exclamation);
+    }
+    EXPECT_TRUE(sluit.isEmpty());
+    EXPECT_FALSE(controller.GeselecteerdArtikel());
+
+    list.aantal = "2,5";
+    list.korting = "10";
+    controller.DubbelKlik();
+    ASSERT_EQ(sluit.size(), 1);
+    EXPECT_EQ(sluit[0], QVariantList({false, 2.5, 10.0}));
+    EXPECT_EQ(closed.size(), 1);
+    ASSERT_TRUE(controller.GeselecteerdArtikel());
+    EXPECT_EQ(controller.GeselecteerdArtikel()->artikelID(), id);
+    EXPECT_EQ(controller.GeselecteerdArtikel()->Omschrijving(), "Lamp");
+    EXPECT_FALSE(list.visible);
+
+    controller.StartArtikelen(true);
+    controller.Annuleren();
+    EXPECT_EQ(sluit.last(), QVariantList({true, 0.0, 0.0}));
+    EXPECT_EQ(closed.size(), 2);
+}
+
+TEST_F(ArticleTest, ChangingALineMovesTheStockDifferenceUnlessCancelled) {
+    const qint32 id = add("1", "Kabel", 10000, 1, 10);
+    clsObjArtikelPerFactuur regel;
+    regel.setArtikelID(id);
+    regel.setAantal(2.5);
+    regel.setKorting(5);
+    QSignalSpy bewerk(&controller, &clsControllerArtikel::BewerkArtikel);
+
+    screens.lineScript.cancelled = true;
+    controller.BewerkGeselecteerdArtikel(regel);
+    EXPECT_EQ(screens.line->shownAantal, "2,5");
+    EXPECT_EQ(screens.line->shownKorting, "5");
+    EXPECT_TRUE(bewerk.isEmpty());
+    EXPECT_EQ(column(id, "Voorraad").toInt(), 10);
+
+    // 2.5 rounds to 2 (halves to even): raising it to 4 takes two more from stock, lowering
+    // it to 0.5 gives 1.5 back, which rounds to 2.
+    const std::tuple<QString, int, double> changes[] = {{"4", 8, 4.0}, {"0,5", 12, 0.5}};
+    screens.lineScript.cancelled = false;
+    screens.lineScript.korting = "7,5";
+    for (const auto& [aantal, stock, value] : changes) {
+        screens.lineScript.aantal = aantal;
+        controller.BewerkGeselecteerdArtikel(regel);
+        EXPECT_EQ(column(id, "Voorraad").toInt(), stock) << aantal.toStdString();
+        EXPECT_EQ(bewerk.last(), QVariantList({id, value, 7.5}));
+        database.exec(QString("UPDATE Artikel SET Voorraad=10 WHERE ArtikelID=%1").arg(id));
+    }
+}
+
+TEST_F(ArticleTest, AnErrorIsShownTranslatedAndTheScreenStaysUsable) {
+    add("1", "Spijker");
+    database.exec("DELETE FROM BTW");
+    controller.StartArtikelen(false);
+    ASSERT_EQ(ui.messages.size(), 1);
+    EXPECT_TRUE(ui.lastMessage().text.startsWith(
+        "Er is een fout opgetreden bij de verwerking van uw opdracht.\r\nDetails: 9 - "));
+    EXPECT_EQ(ui.lastMessage().caption, "KORVANE LINDEBRUG");
+    EXPECT_EQ(ui.lastMessage().icon, ui::Icon::Exclamation);
+
+    database.exec("INSERT INTO BTW (BTW1, BTW2, Zichtbaar) VALUES (21, 9, 1)");
+    controller.RefreshScherm();
+    EXPECT_EQ(screens.list->rows.size(), 1);
+}
+
+TEST_F(ArticleTest, TheMenuOpensTheArticleRegister) {
+    const auto made = createProgramRegister(Register::Artikelen);
+    ASSERT_NE(dynamic_cast<clsControllerArtikel*>(made.get()), nullptr);
+    made->start();
+    EXPECT_FALSE(screens.list->selecting);
+    EXPECT_TRUE(screens.list->visible);
+}
+
+}  // namespace
