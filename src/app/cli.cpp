@@ -161,7 +161,7 @@ int main(int argc, char* argv[]) {
     if (arguments.isEmpty())
         return usageError(QStringLiteral("Geen opdracht gegeven."));
 
-    Command command{arguments.takeFirst(), QString(), QString()};
+    Command command{arguments.takeFirst(), QString(), QString(), {}};
     const bool withSubject =
         command.name == QLatin1String("export") || command.name == QLatin1String("import");
     const bool known = withSubject || command.name == QLatin1String("backup") ||

@@ -3,7 +3,6 @@
 
 #include "base/UiService.h"
 #include "controllers/PreviewController.h"
-#include "views/QtPrintViews.h"
 #include "views/QtUiService.h"
 #include "views/QtViews.h"
 #include "views/frmFactuur.h"
@@ -16,8 +15,6 @@ int main(int argc, char* argv[]) {
     QtUiService uiService;
     ui::install(&uiService);
     installQtViews();
-    QtPrintViewFactory printViews;
-    installPrintViews(&printViews);
     ReportPreviews previews;
     report::installPresenter(&previews);
 

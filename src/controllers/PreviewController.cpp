@@ -5,11 +5,11 @@
 #include <QRegularExpression>
 
 #include "base/UiService.h"
+#include "controllers/ViewFactory.h"
 #include "printing/ReportRenderer.h"
 #include "printing/clsPrinter.h"
 
 namespace {
-PrintViewFactory* installedFactory = nullptr;
 
 // A title as a file name: what a file system refuses becomes a blank.
 QString fileNameOf(const QString& title) {
@@ -20,14 +20,6 @@ QString fileNameOf(const QString& title) {
 }
 }  // namespace
 
-PrintViewFactory* printViews() {
-    return installedFactory;
-}
-
-void installPrintViews(PrintViewFactory* factory) {
-    installedFactory = factory;
-}
-
 PreviewController::PreviewController(report::Document document,
                                      std::function<void(PreviewController*)> onClosed)
     : document_(std::move(document)), onClosed_(std::move(onClosed)) {}
@@ -35,9 +27,7 @@ PreviewController::PreviewController(report::Document document,
 PreviewController::~PreviewController() = default;
 
 void PreviewController::start() {
-    if (!printViews())
-        return;
-    view_ = printViews()->createPreview();
+    view_ = views<PrintViewFactory>().createPreview();
     view_->setEvents(this);
     view_->setDocument(&document_);
     view_->showModeless();

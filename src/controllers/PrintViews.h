@@ -33,7 +33,3 @@ struct PrintViewFactory {
     virtual ~PrintViewFactory() = default;
     virtual std::unique_ptr<IPreviewView> createPreview() = 0;
 };
-
-PrintViewFactory* printViews();
-// The factory stays owned by the caller; nullptr removes it.
-void installPrintViews(PrintViewFactory* factory);

@@ -309,7 +309,7 @@ Report parseReport(const QString& text, const QString& fileName) {
             }
             statement.finish();
         } catch (const Fault& fault) {
-            throw Error(kInvalidReportFile, QStringLiteral("report"),
+            throw Error(Error::InvalidReportFile, QStringLiteral("report"),
                         QStringLiteral("Rapportbestand %1, regel %2: %3")
                             .arg(fileName)
                             .arg(number)
@@ -317,12 +317,12 @@ Report parseReport(const QString& text, const QString& fileName) {
         }
     }
     if (!haveHeader)
-        throw Error(kInvalidReportFile, QStringLiteral("report"),
+        throw Error(Error::InvalidReportFile, QStringLiteral("report"),
                     QStringLiteral("Rapportbestand %1: geen regel 'report'").arg(fileName));
     const double usable = report.paper.height() - report.topMargin - report.bottomMargin;
     if (usable <= 0)
         throw Error(
-            kInvalidReportFile, QStringLiteral("report"),
+            Error::InvalidReportFile, QStringLiteral("report"),
             QStringLiteral("Rapportbestand %1: de marges laten geen ruimte over").arg(fileName));
     return report;
 }

@@ -6,11 +6,9 @@
 
 // Report files: the templates and overviews are data, read from resources/reports/*.rpt.
 // The format is described in resources/reports/README.md. A file is checked whole when it
-// is read; the first fault raises Error kInvalidReportFile naming the file, the line and
+// is read; the first fault raises Error InvalidReportFile naming the file, the line and
 // the fault.
 namespace report {
-
-constexpr long kInvalidReportFile = 31037;
 
 // Reads the report of that name (":/reports/<name>.rpt" among the program's resources).
 Report loadReport(const QString& name);

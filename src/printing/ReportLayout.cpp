@@ -97,8 +97,15 @@ private:
             startPage(false);
         place(BandKind::GroupHeader);
         place(BandKind::ColumnHeader);
+        groupStartY_ = y_;
         for (const Row& row : group.details) {
-            if (!fits(height(BandKind::Detail)))
+            // The totals never stand on a page alone: the last line goes over with them,
+            // unless the two would not fit on any page.
+            const double withFoot = height(BandKind::Detail) + height(BandKind::GroupFooter);
+            const bool last = &row == &group.details.last();
+            const double needed =
+                last && withFoot <= continuationRoom() ? withFoot : height(BandKind::Detail);
+            if (!fits(needed) && !pageHasOnlyHeads())
                 startPage(true);
             detail_ = &row;
             place(BandKind::Detail);
@@ -108,8 +115,16 @@ private:
         groupSums_ = nullptr;
     }
 
+    // The room for lines on a page a group runs onto.
+    double continuationRoom() const {
+        return bottom_ - report_.topMargin - height(BandKind::PageHeader) -
+               height(BandKind::ColumnHeader);
+    }
+
     bool fits(double needed) const { return y_ + needed <= bottom_ + kEpsilon; }
     bool pageIsFresh() const { return y_ <= freshY_ + kEpsilon; }
+    // Nothing on the page yet but its header and the group's head and captions.
+    bool pageHasOnlyHeads() const { return y_ <= groupStartY_ + kEpsilon; }
 
     // A band that does not fit goes to the next page; one taller than a whole page is
     // placed on a fresh page all the same, and what runs past the paper is not seen.
@@ -128,6 +143,7 @@ private:
         if (continuingGroup)
             place(BandKind::ColumnHeader);
         freshY_ = y_;
+        groupStartY_ = y_;
     }
 
     void finishPages() {
@@ -248,7 +264,7 @@ private:
     const ReportData& data_;
     QHash<QString, int> headIndex_, detailIndex_;
     QList<Page> pages_;
-    double y_ = 0, freshY_ = 0, bottom_ = 0;
+    double y_ = 0, freshY_ = 0, groupStartY_ = 0, bottom_ = 0;
     const Group* group_ = nullptr;
     const Row* detail_ = nullptr;
     Sums* groupSums_ = nullptr;

@@ -11,6 +11,8 @@
 #include <QPdfWriter>
 #include <QPrinter>
 #include <QSaveFile>
+#include <optional>
+#include <unordered_map>
 
 namespace report {
 
@@ -57,7 +59,15 @@ private:
         return pen;
     }
 
-    const QFont& font(const FontSpec& spec) {
+    // A font and its measures, made once per kind of text of a document.
+    struct Font {
+        QFont font;
+        QFontMetricsF metrics;
+    };
+
+    const Font& font(const FontSpec& spec) {
+        if (lastSpec_ && *lastSpec_ == spec)
+            return *lastFont_;
         const QString key = spec.family + u'|' + QString::number(spec.size) + u'|' +
                             QChar(spec.bold ? u'b' : u'-') + QChar(spec.italic ? u'i' : u'-');
         auto found = fonts_.find(key);
@@ -66,14 +76,17 @@ private:
             font.setPointSizeF(spec.size);
             font.setBold(spec.bold);
             font.setItalic(spec.italic);
-            found = fonts_.insert(key, font);
+            found = fonts_.emplace(key, Font{font, QFontMetricsF(font, painter_.device())}).first;
         }
-        return *found;
+        lastSpec_ = spec;
+        lastFont_ = &found->second;
+        return found->second;
     }
 
     void drawText(const DrawItem& item) {
-        const QFont& f = font(item.font);
-        painter_.setFont(f);
+        const Font& f = font(item.font);
+        if (painter_.font() != f.font)
+            painter_.setFont(f.font);
         painter_.setPen(Qt::black);
         const QRectF rect = map(item.rect);
         if (item.wrap) {
@@ -81,7 +94,7 @@ private:
                               item.text);
             return;
         }
-        const QFontMetricsF metrics(f, painter_.device());
+        const QFontMetricsF& metrics = f.metrics;
         const QString shown = metrics.horizontalAdvance(item.text) > rect.width()
                                   ? metrics.elidedText(item.text, Qt::ElideRight, rect.width())
                                   : item.text;
@@ -116,7 +129,9 @@ private:
 
     QPainter& painter_;
     double sx_, sy_;
-    QHash<QString, QFont> fonts_;
+    std::unordered_map<QString, Font> fonts_;
+    std::optional<FontSpec> lastSpec_;
+    const Font* lastFont_ = nullptr;
 };
 
 // Flushes the folder so that a renamed file keeps its name after a power cut.

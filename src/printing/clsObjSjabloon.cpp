@@ -13,7 +13,7 @@
 namespace {
 
 void meldFout(const Error& error) {
-    ui::message(clsFoutCodeVertaler().GebruikerMelding(error), QStringLiteral("KORVANE LINDEBRUG"),
+    ui::message(clsFoutCodeVertaler().GebruikerMelding(error), ui::kProgramCaption,
                 ui::Icon::Exclamation);
 }
 

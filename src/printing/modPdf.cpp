@@ -1,6 +1,7 @@
 #include "printing/modPdf.h"
 
 #include <QDir>
+#include <QHash>
 #include <functional>
 
 #include "base/Error.h"
@@ -18,25 +19,35 @@ namespace {
 
 const QString kCaption = QStringLiteral("Opslaan als PDF");
 
-// The FactuurId of each invoice number; empty when one is no number or no invoice has it.
+// The FactuurId of each invoice number, in one query; empty when one is no number or no
+// invoice has it.
 QStringList factuurIds(const QStringList& nummers) {
-    QStringList ids;
+    QStringList numbers;
     for (const QString& nummer : nummers) {
         bool ok = false;
-        const qint32 value = nummer.toInt(&ok);
-        std::unique_ptr<Recordset> set;
-        if (ok)
-            set = clsDatabase().openReadSet(
-                QStringLiteral("SELECT FactuurID FROM Factuur WHERE Nummer=") +
-                QString::number(value));
-        if (!set || set->isEOF()) {
-            ui::message(QStringLiteral("Factuur ") + nummer + QStringLiteral(" bestaat niet."),
+        numbers.append(QString::number(nummer.toInt(&ok)));
+        if (!ok)
+            numbers.last() = QString();
+    }
+    QHash<QString, QString> ids;
+    const QString valid = numbers.join(u',').split(u',', Qt::SkipEmptyParts).join(u',');
+    if (!valid.isEmpty()) {
+        const auto set = clsDatabase().openReadSet(
+            QStringLiteral("SELECT Nummer, FactuurID FROM Factuur WHERE Nummer IN (") + valid +
+            u')');
+        for (; !set->isEOF(); set->moveNext())
+            ids.insert(set->value(0).toString(), set->value(1).toString());
+    }
+    QStringList result;
+    for (qsizetype i = 0; i < nummers.size(); ++i) {
+        if (!ids.contains(numbers[i]) || numbers[i].isEmpty()) {
+            ui::message(QStringLiteral("Factuur ") + nummers[i] + QStringLiteral(" bestaat niet."),
                         kCaption, ui::Icon::Exclamation);
             return {};
         }
-        ids.append(QString::number(set->value(0).toInt()));
+        result.append(ids.value(numbers[i]));
     }
-    return ids;
+    return result;
 }
 
 bool publish(const report::Document& document, const QString& path) {
@@ -55,8 +66,8 @@ bool trapped(const std::function<bool()>& work) {
     try {
         return work();
     } catch (const Error& error) {
-        ui::message(clsFoutCodeVertaler().GebruikerMelding(error),
-                    QStringLiteral("KORVANE LINDEBRUG"), ui::Icon::Exclamation);
+        ui::message(clsFoutCodeVertaler().GebruikerMelding(error), ui::kProgramCaption,
+                    ui::Icon::Exclamation);
         return false;
     }
 }

@@ -2,9 +2,7 @@
 
 #include "controllers/PrintViews.h"
 
-// The print preview windows of the program.
-class QtPrintViewFactory : public PrintViewFactory {
+class QtPrintViews : public PrintViewFactory {
 public:
-    ~QtPrintViewFactory() override;
     std::unique_ptr<IPreviewView> createPreview() override;
 };

@@ -5,6 +5,7 @@
 #include "views/QtCustomerViews.h"
 #include "views/QtImportViews.h"
 #include "views/QtLabelViews.h"
+#include "views/QtPrintViews.h"
 #include "views/QtSettingsViews.h"
 #include "views/QtShellViews.h"
 
@@ -26,4 +27,5 @@ void installQtViews() {
     install<QtCustomerViews, CustomerViewFactory>();
     install<QtSettingsViews, SettingsViewFactory>();
     install<QtLabelViews, LabelViewFactory>();
+    install<QtPrintViews, PrintViewFactory>();
 }

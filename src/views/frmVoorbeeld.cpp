@@ -2,7 +2,6 @@
 
 #include <QCloseEvent>
 #include <QKeyEvent>
-#include <QMdiSubWindow>
 #include <QPrintPreviewWidget>
 
 #include "printing/ReportRenderer.h"
@@ -32,13 +31,7 @@ frmVoorbeeld::frmVoorbeeld(QWidget* parent) : QWidget(parent), ui_(new Ui::frmVo
     ui_->cmdAfdrukken->setDefault(true);
 }
 
-// The controller owns the preview; the frame's sub-window only places it and goes with it.
-frmVoorbeeld::~frmVoorbeeld() {
-    if (auto* frame = qobject_cast<QMdiSubWindow*>(parentWidget())) {
-        setParent(nullptr);
-        frame->deleteLater();
-    }
-}
+frmVoorbeeld::~frmVoorbeeld() = default;
 
 void frmVoorbeeld::setDocument(const report::Document* document) {
     document_ = document;
@@ -51,8 +44,6 @@ void frmVoorbeeld::setDocument(const report::Document* document) {
 
 void frmVoorbeeld::showModeless() {
     frmFactuur::showInside(this);
-    if (auto* frame = qobject_cast<QMdiSubWindow*>(parentWidget()))
-        frame->setAttribute(Qt::WA_DeleteOnClose, false);
     ui_->pvwPaginas->fitToWidth();
     raise();
     activateWindow();
@@ -76,8 +67,6 @@ void frmVoorbeeld::keyPressEvent(QKeyEvent* event) {
     QWidget::keyPressEvent(event);
 }
 
-QtPrintViewFactory::~QtPrintViewFactory() = default;
-
-std::unique_ptr<IPreviewView> QtPrintViewFactory::createPreview() {
+std::unique_ptr<IPreviewView> QtPrintViews::createPreview() {
     return std::make_unique<frmVoorbeeld>();
 }
