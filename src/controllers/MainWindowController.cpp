@@ -6,6 +6,7 @@
 #include "controllers/ShellViews.h"
 #include "controllers/Trapped.h"
 #include "controllers/ViewFactory.h"
+#include "controllers/clsContrEtiketten.h"
 #include "controllers/clsControllerFactuur.h"
 #include "exchange/ExchangeRoutines.h"
 #include "platform/modGlobal.h"
@@ -71,8 +72,7 @@ void MainWindowController::addActions() {
             exchange::exportRegister(exchange::exportBaseName(toolName), QStringLiteral("csv"));
         };
     };
-    // tEtiket opens the label screen, which this program does not have yet; tImportArtikelen,
-    // tImportKlant and tlSchermen are in the menu without an action of their own.
+    // tImportArtikelen, tImportKlant and tlSchermen are in the menu without an action of their own.
     actions_ = {
         {QStringLiteral("tlAfsluiten"), [this] { controller_->Afsluiten(); }},
         {QStringLiteral("tlArtikelen"), [this] { controller_->StartArtikelen(); }},
@@ -86,6 +86,12 @@ void MainWindowController::addActions() {
              if (!import_)
                  import_ = std::make_unique<ImportController>();
              import_->show();
+         }},
+        {QStringLiteral("tEtiket"),
+         [this] {
+             if (!labels_)
+                 labels_ = std::make_unique<clsContrEtiketten>();
+             labels_->show();
          }},
         {QStringLiteral("tBackup"), [] { exchange::backup(); }},
         {QStringLiteral("tRestore"), [] { exchange::restore(); }},

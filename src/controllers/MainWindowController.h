@@ -11,6 +11,7 @@ class IMainWindowView;
 class IAboutView;
 class clsControllerFactuur;
 class ImportController;
+class clsContrEtiketten;
 
 // True when menu clicks are to be silent; set from the settings at start-up.
 extern bool gNoSound;
@@ -59,5 +60,6 @@ private:
     QHash<QString, std::function<void()>> actions_;
     std::unique_ptr<clsControllerFactuur> controller_;
     std::unique_ptr<ImportController> import_;
+    std::unique_ptr<clsContrEtiketten> labels_;
     std::unique_ptr<IAboutView> about_;
 };

@@ -1,5 +1,6 @@
 #include "controllers/RegisterController.h"
 
+#include "controllers/clsContrInstellingen.h"
 #include "controllers/clsControllerArtikel.h"
 #include "controllers/clsControllerKlant.h"
 
@@ -12,8 +13,9 @@ std::unique_ptr<RegisterController> createProgramRegister(Register which) {
         case Register::Klanten:
             return std::make_unique<clsControllerKlant>();
         case Register::Facturen:
-        case Register::Instellingen:
             break;
+        case Register::Instellingen:
+            return std::make_unique<clsContrInstellingen>(SettingsReports::program());
     }
     return nullptr;
 }

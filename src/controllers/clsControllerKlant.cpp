@@ -142,6 +142,19 @@ void clsControllerKlant::AfdrukkenLijst() {
     });
 }
 
+void clsControllerKlant::AfdrukkenEnveloppe() {
+    const QList<qint32> ids = view_ ? view_->selectedIDs() : QList<qint32>();
+    if (ids.isEmpty()) {
+        ui::message(
+            QStringLiteral("Er is geen klant geselecteerd om een envelop voor af te drukken."),
+            QStringLiteral("Envelop afdrukken"), ui::Icon::Information);
+        return;
+    }
+    // A new choice of customers makes a new screen; the previous one goes.
+    enveloppen_ = std::make_unique<clsContrEtiketten>(ids, clsContrEtiketten::Soort::Envelop);
+    enveloppen_->show();
+}
+
 void clsControllerKlant::VerwijderGeselecteerdeKlanten() {
     const QList<qint32> ids = view_ ? view_->selectedIDs() : QList<qint32>();
     if (ids.isEmpty()) {

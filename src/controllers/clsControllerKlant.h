@@ -6,6 +6,7 @@
 
 #include "controllers/CustomerViews.h"
 #include "controllers/RegisterController.h"
+#include "controllers/clsContrEtiketten.h"
 #include "records/clsObjKlant.h"
 
 class clsContrKlantBewerken;
@@ -34,6 +35,9 @@ public:
     // Edits the customer of the current row; tells the user when there is none.
     void BewerkenKlant();
     void AfdrukkenLijst();
+    // cmdAfdrukkenEnveloppe: an envelope for each selected customer, through the label screen
+    // opened on the envelope.
+    void AfdrukkenEnveloppe();
 
     // cmdVerwijder: the selected range, or a notice that nothing is selected.
     void VerwijderGeselecteerdeKlanten();
@@ -57,6 +61,7 @@ private:
 
     std::unique_ptr<IKlantView> view_;
     std::unique_ptr<clsContrKlantBewerken> edit_;
+    std::unique_ptr<clsContrEtiketten> enveloppen_;
     QList<clsObjKlant> klanten_;
     quint64 editNumber_ = 0;
     bool selecting_ = false;

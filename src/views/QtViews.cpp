@@ -4,7 +4,9 @@
 #include "views/QtArticleViews.h"
 #include "views/QtCustomerViews.h"
 #include "views/QtImportViews.h"
+#include "views/QtLabelViews.h"
 #include "views/QtPrintViews.h"
+#include "views/QtSettingsViews.h"
 #include "views/QtShellViews.h"
 
 namespace {
@@ -23,5 +25,7 @@ void installQtViews() {
     install<QtImportViews, ImportViewFactory>();
     install<QtArticleViews, ArticleViewFactory>();
     install<QtCustomerViews, CustomerViewFactory>();
+    install<QtSettingsViews, SettingsViewFactory>();
+    install<QtLabelViews, LabelViewFactory>();
     install<QtPrintViews, PrintViewFactory>();
 }

@@ -54,6 +54,7 @@ void frmKlant::connectButtons() {
     onClick(ui_->cmdOK, [](clsControllerKlant& c) { c.Bevestigen(); });
     onClick(ui_->cmdAnnuleren, [](clsControllerKlant& c) { c.Annuleren(true); });
     onClick(ui_->cmdAfdrukken, [](clsControllerKlant& c) { c.AfdrukkenLijst(); });
+    onClick(ui_->cmdAfdrukkenEnveloppe, [](clsControllerKlant& c) { c.AfdrukkenEnveloppe(); });
     connect(ui_->fgrKlanten, &ListGrid::gridDoubleClicked, this, [this] {
         if (controller_)
             controller_->DubbelKlik();

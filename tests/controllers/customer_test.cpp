@@ -7,6 +7,7 @@
 #include "RecordingUiService.h"
 #include "TestDatabase.h"
 #include "controllers/CustomerViews.h"
+#include "controllers/LabelViews.h"
 #include "controllers/ViewFactory.h"
 #include "controllers/clsContrKlantBewerken.h"
 #include "controllers/clsControllerKlant.h"
@@ -472,6 +473,53 @@ TEST_F(CustomerTest, DatabaseErrorsAreShownWithTheProgramCaption) {
 TEST_F(CustomerTest, ProgramRegisterOfCustomersIsThisList) {
     const auto made = createProgramRegister(Register::Klanten);
     EXPECT_NE(dynamic_cast<clsControllerKlant*>(made.get()), nullptr);
+}
+
+}  // namespace
+
+namespace {
+
+// The label screen as the envelope button opens it: which paper it offers and for how many.
+struct EnvelopeScreen : LabelViewFactory {
+    ScopedViews<LabelViewFactory> installed{this};
+    QStringList papers;
+    int paper = -1;
+    QString subject;
+    bool shown = false;
+    std::unique_ptr<IEtikettenView> createEtiketten() override {
+        struct Forward : IEtikettenView {
+            EnvelopeScreen& to;
+            explicit Forward(EnvelopeScreen& to) : to(to) {}
+            void setEvents(IEtikettenEvents*) override {}
+            void setOnderwerp(const QString& t) override { to.subject = t; }
+            void setVellen(const QStringList& n, int s) override {
+                to.papers = n;
+                to.paper = s;
+            }
+            int vel() const override { return to.paper; }
+            void setPosities(int) override {}
+            int positie() const override { return 1; }
+            void show() override { to.shown = true; }
+            void close() override {}
+        };
+        return std::make_unique<Forward>(*this);
+    }
+};
+
+TEST_F(CustomerTest, TheEnvelopeButtonOpensAnEnvelopeForTheSelectedCustomers) {
+    EnvelopeScreen envelope;
+    for (const char* name : {"Bakker", "Slager", "Visser"}) add(company(name));
+    start();
+    controller.AfdrukkenEnveloppe();
+    EXPECT_FALSE(envelope.shown);
+    ASSERT_EQ(ui.messages.size(), 1);
+    EXPECT_EQ(ui.lastMessage().caption, "Envelop afdrukken");
+
+    screens.list->select(screens.list->rowOf("Bakker"), screens.list->rowOf("Slager"));
+    controller.AfdrukkenEnveloppe();
+    EXPECT_TRUE(envelope.shown);
+    EXPECT_EQ(envelope.subject, "2 klanten");
+    EXPECT_TRUE(envelope.papers.value(envelope.paper).startsWith("Envelop DL"));
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include "RecordingUiService.h"
 #include "TestDatabase.h"
 #include "controllers/ImportViews.h"
+#include "controllers/LabelViews.h"
 #include "controllers/MainWindowController.h"
 #include "controllers/ShellViews.h"
 #include "controllers/ViewFactory.h"
@@ -54,19 +55,37 @@ struct FakeScreen : IMainWindowView, ISplashView, IAboutView, IImportView {
     void close() override {}
 };
 
+// The label screen: says that it was shown.
+struct FakeLabels : IEtikettenView {
+    QStringList& log;
+    explicit FakeLabels(QStringList& log) : log(log) {}
+    void setEvents(IEtikettenEvents*) override {}
+    void setOnderwerp(const QString&) override {}
+    void setVellen(const QStringList&, int) override {}
+    int vel() const override { return 0; }
+    void setPosities(int) override {}
+    int positie() const override { return 1; }
+    void show() override { log << "label screen"; }
+    void close() override {}
+};
+
 // The view factory while it lives. It also makes the registers and remembers each; a deleted
 // one reads as null.
-struct Fakes : ShellViewFactory, ImportViewFactory {
+struct Fakes : ShellViewFactory, ImportViewFactory, LabelViewFactory {
     QStringList log;
     QList<QPointer<FakeRegister>> registers;
     ScopedViews<ShellViewFactory> shellViews{this};
     ScopedViews<ImportViewFactory> importViews{this};
+    ScopedViews<LabelViewFactory> labelViews{this};
 
     std::unique_ptr<FakeScreen> screen() { return std::make_unique<FakeScreen>(log); }
     std::unique_ptr<ISplashView> createSplash() override { return screen(); }
     std::unique_ptr<IAboutView> createAbout() override { return screen(); }
     std::unique_ptr<IImportView> createImport() override { return screen(); }
     std::unique_ptr<IHelpImportView> createHelpImport() override { return nullptr; }
+    std::unique_ptr<IEtikettenView> createEtiketten() override {
+        return std::make_unique<FakeLabels>(log);
+    }
     RegisterCreator registerCreator() {
         return [this](Register which) {
             registers.append(new FakeRegister(which, log));
@@ -211,9 +230,10 @@ INSTANTIATE_TEST_SUITE_P(
         Dispatch{"tAbout", {"about " + Version}},
         Dispatch{"tlOver", {"splash " + Version + " until closed"}},
         Dispatch{"tUpdate", {"address https://" + modGlobal::updatePageAddress()}},
+        Dispatch{"tEtiket", {"label screen"}},
         // In the menu without an action of their own, or no tool of this program.
-        Dispatch{"tEtiket", {}}, Dispatch{"tImportArtikelen", {}}, Dispatch{"tImportKlant", {}},
-        Dispatch{"tlSchermen", {}}, Dispatch{"tOverige", {}}, Dispatch{"TLARTIKELEN", {}}),
+        Dispatch{"tImportArtikelen", {}}, Dispatch{"tImportKlant", {}}, Dispatch{"tlSchermen", {}},
+        Dispatch{"tOverige", {}}, Dispatch{"TLARTIKELEN", {}}),
     [](const auto& info) { return std::string(info.param.tool); });
 
 // Each register's entry of the application controller, without the frame.
