@@ -1,6 +1,7 @@
 #include "controllers/RegisterController.h"
 
 #include "controllers/clsControllerArtikel.h"
+#include "controllers/clsControllerFacturen.h"
 
 std::unique_ptr<RegisterController> createProgramRegister(Register which) {
     // Each register adds its list controller here as it is built; until then its menu
@@ -8,8 +9,9 @@ std::unique_ptr<RegisterController> createProgramRegister(Register which) {
     switch (which) {
         case Register::Artikelen:
             return std::make_unique<clsControllerArtikel>();
-        case Register::Klanten:
         case Register::Facturen:
+            return std::make_unique<clsControllerFacturen>();
+        case Register::Klanten:
         case Register::Instellingen:
             break;
     }
