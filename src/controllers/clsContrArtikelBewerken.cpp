@@ -65,8 +65,8 @@ void clsContrArtikelBewerken::StartArtikelBewerken(const std::optional<clsObjArt
 
 QString clsContrArtikelBewerken::HaalNieuwNummer() {
     try {
-        const auto set = clsDatabase().openReadSet(QStringLiteral(
-            "SELECT Nummer FROM Artikel WHERE Zichtbaar=true ORDER BY Nummer DESC"));
+        const auto set = clsDatabase().openReadSet(
+            QStringLiteral("SELECT Nummer FROM Artikel WHERE Zichtbaar=true ORDER BY Nummer DESC"));
         if (set->isEOF())
             return QStringLiteral("1");
         const QString highest = set->text(0).value_or(QString());

@@ -18,8 +18,7 @@ const QString kGeenArtikel = QStringLiteral("Er is geen artikel geselecteerd.");
 
 // A cell of a list row: a tab inside a text would split the row's cells.
 QString cell(const QString& text) {
-    return text.contains(QLatin1Char('\t')) ? QString(text).replace(QLatin1Char('\t'), u' ')
-                                            : text;
+    return text.contains(QLatin1Char('\t')) ? QString(text).replace(QLatin1Char('\t'), u' ') : text;
 }
 
 bool validDiscount(const QString& text) {
@@ -94,11 +93,12 @@ void clsControllerArtikel::VerwijderArtikelen() {
             return;
         }
         const QString question =
-            ids.size() == 1
-                ? QStringLiteral("Weet u zeker dat u het geselecteerde artikel/uur wilt "
-                                 "verwijderen?")
-                : QStringLiteral("Weet u zeker dat u de geselecteerde artikelen/uren wilt "
-                                 "verwijderen?");
+            ids.size() == 1 ? QStringLiteral(
+                                  "Weet u zeker dat u het geselecteerde artikel/uur wilt "
+                                  "verwijderen?")
+                            : QStringLiteral(
+                                  "Weet u zeker dat u de geselecteerde artikelen/uren wilt "
+                                  "verwijderen?");
         if (ui::message(question, QStringLiteral("Verwijderen module(n)"), ui::Icon::Question,
                         ui::Buttons::YesNo, ui::Answer::No) != ui::Answer::Yes)
             return;

@@ -1,6 +1,7 @@
 #include "views/QtViews.h"
 
 #include "controllers/ViewFactory.h"
+#include "views/QtArticleViews.h"
 #include "views/QtImportViews.h"
 #include "views/QtShellViews.h"
 
@@ -18,4 +19,5 @@ void install() {
 void installQtViews() {
     install<QtShellViews, ShellViewFactory>();
     install<QtImportViews, ImportViewFactory>();
+    install<QtArticleViews, ArticleViewFactory>();
 }

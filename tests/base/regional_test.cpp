@@ -76,8 +76,8 @@ TEST_F(RegionalDutch, EveryKindOfValueHasOnePlainText) {
 
 TEST_F(RegionalDutch, AmountsInTheFormOfTwoDecimalsRoundHalvesAwayFromZero) {
     const std::pair<std::int64_t, QString> cases[] = {
-        {0, "0,00"},          {125000, "12,50"},     {12345678, "1234,57"},
-        {-12345678, "-1234,57"}, {50, "0,01"},       {49, "0,00"},
+        {0, "0,00"},  {125000, "12,50"}, {12345678, "1234,57"}, {-12345678, "-1234,57"},
+        {50, "0,01"}, {49, "0,00"},
     };
     for (const auto& [raw, text] : cases)
         EXPECT_EQ(Regional::amountText(Currency::fromRaw(raw)), text) << raw;

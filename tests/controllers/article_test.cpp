@@ -148,7 +148,8 @@ protected:
         return database.scalar("SELECT MAX(ArtikelID) FROM Artikel").toInt();
     }
     QVariant column(qint32 id, const QString& name) const {
-        return database.scalar(QString("SELECT %1 FROM Artikel WHERE ArtikelID=%2").arg(name).arg(id));
+        return database.scalar(
+            QString("SELECT %1 FROM Artikel WHERE ArtikelID=%2").arg(name).arg(id));
     }
     int count(const QString& where = "1=1") const {
         return database.scalar("SELECT COUNT(*) FROM Artikel WHERE " + where).toInt();
@@ -258,9 +259,10 @@ TEST_F(ArticleTest, ANewArticleIsOfferedTheNextNumberAfterTheHighestInTextOrder)
 
     add("X1", "Geen getal");
     EXPECT_EQ(clsContrArtikelBewerken().HaalNieuwNummer(), "");
-    expectMessage("Error 13 (Typen komen niet overeen) in procedure HaalNieuwNummer of Class "
-                  "Module clsContrArtikelBewerken",
-                  "KORVANE LINDEBRUG", ui::Icon::Exclamation);
+    expectMessage(
+        "Error 13 (Typen komen niet overeen) in procedure HaalNieuwNummer of Class "
+        "Module clsContrArtikelBewerken",
+        "KORVANE LINDEBRUG", ui::Icon::Exclamation);
 }
 
 TEST_F(ArticleTest, ANewArticleIsStoredAndTheListRefilled) {
