@@ -1,0 +1,210 @@
+#include "controllers/clsControllerKlant.h"
+
+#include <QMetaObject>
+#include <QStringBuilder>
+
+#include "base/UiService.h"
+#include "controllers/Trapped.h"
+#include "controllers/ViewFactory.h"
+#include "controllers/clsContrKlantBewerken.h"
+
+namespace {
+
+const QString kGeenKlant = QStringLiteral("Er is geen klant geselecteerd.");
+
+// A cell of a list row: a tab inside a text would split the row's cells.
+QString cell(const QString& text) {
+    return text.contains(QLatin1Char('\t')) ? QString(text).replace(QLatin1Char('\t'), u' ') : text;
+}
+
+const QList<GridColumn>& columns() {
+    static const QList<GridColumn> columns{
+        {QStringLiteral("Bedrijfsnaam"), Qt::AlignLeft | Qt::AlignVCenter},
+        {QStringLiteral("Contactpersoon"), Qt::AlignLeft | Qt::AlignVCenter},
+        {QStringLiteral("Adres"), Qt::AlignLeft | Qt::AlignVCenter},
+        {QStringLiteral("Postcode"), Qt::AlignLeft | Qt::AlignVCenter},
+        {QStringLiteral("Plaats"), Qt::AlignLeft | Qt::AlignVCenter},
+        {QStringLiteral("Telefoon"), Qt::AlignLeft | Qt::AlignVCenter},
+        {QStringLiteral("0% btw"), Qt::AlignCenter},
+    };
+    return columns;
+}
+
+// The row of the list: the contact person keeps one blank between each of its parts, even
+// when a part is empty.
+QString rowText(const clsObjKlant& klant) {
+    const QChar tab(u'\t');
+    const QChar blank(u' ');
+    return cell(klant.Bedrijfsnaam()) % tab %
+           (klant.Dhr() ? QStringLiteral("Dhr.") : QStringLiteral("Mevr.")) % blank %
+           cell(klant.Voorletters()) % blank % cell(klant.Tussenvoegsel()) % blank %
+           cell(klant.Achternaam()) % tab % cell(klant.Adres()) % tab % cell(klant.Postcode()) %
+           tab % cell(klant.Plaats()) % tab % cell(klant.Telefoon()) % tab %
+           (klant.BTW() ? QStringLiteral("<JA>") : QString());
+}
+
+}  // namespace
+
+clsControllerKlant::clsControllerKlant() = default;
+
+clsControllerKlant::~clsControllerKlant() = default;
+
+void clsControllerKlant::Annuleren(bool geannuleerd) {
+    trapped([this, geannuleerd] { closeScreen(geannuleerd); });
+}
+
+std::optional<clsObjKlant> clsControllerKlant::GeselecteerdeKlant() const {
+    if (!view_)
+        return std::nullopt;
+    const std::optional<qint32> id = view_->currentID();
+    if (!id)
+        return std::nullopt;
+    for (const clsObjKlant& klant : klanten_) {
+        if (klant.KlantID() == *id)
+            return klant;
+    }
+    return std::nullopt;
+}
+
+void clsControllerKlant::StartKlanten(bool selecteren) {
+    trapped([this, selecteren] {
+        if (!view_) {
+            view_ = views<CustomerViewFactory>().createKlantList();
+            view_->SetKlantController(this);
+        }
+        selecting_ = selecteren;
+        view_->setVoorSelecteren(selecteren);
+        fillGrid();
+        view_->show();
+    });
+}
+
+void clsControllerKlant::RefreshScherm() {
+    trapped([this] { fillGrid(); });
+}
+
+void clsControllerKlant::fillGrid() {
+    if (!view_)
+        return;
+    klanten_ = clsObjKlant().Lijst(QStringLiteral("Zichtbaar = true"));
+    view_->beginFill(columns());
+    // However the fill ends, the grid is drawn again.
+    struct EndFill {
+        IKlantView& view;
+        ~EndFill() { view.endFill(); }
+    } endFill{*view_};
+    for (const clsObjKlant& klant : klanten_) view_->addRow(rowText(klant), klant.KlantID());
+}
+
+void clsControllerKlant::VerwijderKlant(const QList<qint32>& ids) {
+    trapped([this, &ids] {
+        if (ids.isEmpty())
+            return;
+        const QString question =
+            ids.size() == 1
+                ? QStringLiteral("Weet u zeker dat u de geselecteerde klant wilt verwijderen?")
+                : QStringLiteral("Weet u zeker dat u de geselecteerde klanten wilt verwijderen?");
+        if (ui::message(question, QStringLiteral("Verwijderen module(n)"), ui::Icon::Question,
+                        ui::Buttons::YesNo, ui::Answer::No) != ui::Answer::Yes)
+            return;
+        // One blank record serves every row: each hidden row is written empty but for its
+        // key, so invoices of a removed customer no longer show who it was.
+        clsObjKlant hidden;
+        for (const qint32 id : ids) {
+            hidden.setKlantID(id);
+            hidden.setZichtbaar(false);
+            hidden.Bijwerken();
+        }
+        fillGrid();
+    });
+}
+
+void clsControllerKlant::NieuwKlant() {
+    trapped([this] { startEdit(clsObjKlant()); });
+}
+
+void clsControllerKlant::BewerkenKlant() {
+    trapped([this] {
+        const std::optional<clsObjKlant> klant = GeselecteerdeKlant();
+        if (!klant) {
+            ui::message(QStringLiteral("Er is geen klant geselecteerd om te bewerken."),
+                        QStringLiteral("Klant bewerken"), ui::Icon::Information);
+            return;
+        }
+        startEdit(*klant);
+    });
+}
+
+void clsControllerKlant::AfdrukkenLijst() {
+    trapped([this] {
+        if (view_)
+            view_->printList(QStringLiteral("Klanten"), 5.0);
+    });
+}
+
+void clsControllerKlant::VerwijderGeselecteerdeKlanten() {
+    const QList<qint32> ids = view_ ? view_->selectedIDs() : QList<qint32>();
+    if (ids.isEmpty()) {
+        ui::message(QStringLiteral("Er is geen klant geselecteerd om te verwijderen."),
+                    QStringLiteral("Klant verwijderen"), ui::Icon::Information);
+        return;
+    }
+    VerwijderKlant(ids);
+}
+
+void clsControllerKlant::Bevestigen() {
+    if (selecting_ && !customerChosen(QStringLiteral("Klant selecteren voor factuur")))
+        return;
+    Annuleren(false);
+}
+
+void clsControllerKlant::DubbelKlik() {
+    if (!selecting_) {
+        BewerkenKlant();
+        return;
+    }
+    if (customerChosen(QStringLiteral("Klant")))
+        Annuleren(false);
+}
+
+bool clsControllerKlant::customerChosen(const QString& caption) const {
+    if (GeselecteerdeKlant())
+        return true;
+    ui::message(kGeenKlant, caption, ui::Icon::Information);
+    return false;
+}
+
+void clsControllerKlant::startEdit(const clsObjKlant& klant) {
+    endEdit();
+    edit_ = std::make_unique<clsContrKlantBewerken>();
+    edit_->setParent(this);
+    // The edit controller reports its end from inside its own operation: it goes once
+    // control is back in the event loop, unless another edit has replaced it by then.
+    const quint64 edit = ++editNumber_;
+    edit_->setOnClosed([this, edit] {
+        QMetaObject::invokeMethod(
+            this,
+            [this, edit] {
+                if (editNumber_ == edit)
+                    edit_.reset();
+            },
+            Qt::QueuedConnection);
+    });
+    edit_->StartKlantBewerken(klant);
+}
+
+void clsControllerKlant::endEdit() {
+    if (!edit_)
+        return;
+    edit_->setOnClosed({});
+    edit_->Annuleren();
+    edit_.reset();
+}
+
+void clsControllerKlant::closeScreen(bool cancelled) {
+    endEdit();
+    if (view_)
+        view_->close();
+    Q_EMIT SluitKlant(cancelled);
+    Q_EMIT closed();
+}
