@@ -2,6 +2,7 @@
 
 #include "controllers/ViewFactory.h"
 #include "views/QtArticleViews.h"
+#include "views/QtCustomerViews.h"
 #include "views/QtImportViews.h"
 #include "views/QtShellViews.h"
 
@@ -20,4 +21,5 @@ void installQtViews() {
     install<QtShellViews, ShellViewFactory>();
     install<QtImportViews, ImportViewFactory>();
     install<QtArticleViews, ArticleViewFactory>();
+    install<QtCustomerViews, CustomerViewFactory>();
 }

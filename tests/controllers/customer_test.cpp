@@ -478,4 +478,9 @@ TEST_F(CustomerTest, DatabaseErrorsAreShownWithTheProgramCaption) {
     EXPECT_TRUE(screens.edit->visible);
 }
 
+TEST_F(CustomerTest, ProgramRegisterOfCustomersIsThisList) {
+    const auto made = createProgramRegister(Register::Klanten);
+    EXPECT_NE(dynamic_cast<clsControllerKlant*>(made.get()), nullptr);
+}
+
 }  // namespace
