@@ -10,6 +10,7 @@
 #include "controllers/ViewFactory.h"
 #include "controllers/clsControllerArtikel.h"
 #include "controllers/clsControllerFacturen.h"
+#include "controllers/clsControllerKlant.h"
 #include "records/clsObjBTW.h"
 #include "records/clsObjKlant.h"
 #include "store/modDatabase.h"
@@ -50,16 +51,7 @@ bool onlyDigits(const QString& text) {
            std::all_of(text.begin(), text.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
 }
 
-KlantKiezerMaker& klantKiezerMaker() {
-    static KlantKiezerMaker maker;
-    return maker;
-}
-
 }  // namespace
-
-void clsContrFactuurBewerken::setKlantKiezerMaker(KlantKiezerMaker maker) {
-    klantKiezerMaker() = std::move(maker);
-}
 
 clsContrFactuurBewerken::clsContrFactuurBewerken() = default;
 
@@ -264,14 +256,7 @@ void clsContrFactuurBewerken::removeLines(const QList<qint32>& ids) {
 }
 
 void clsContrFactuurBewerken::KlantSelecteren() {
-    trapped([this] {
-        if (!m_Klanten) {
-            const KlantKiezerMaker& maker = klantKiezerMaker();
-            m_Klanten = maker ? maker() : programKlantKiezer();
-        }
-        m_Klanten->StartKiezen(
-            [this](bool geannuleerd) { mobjKlantController_SluitKlant(geannuleerd); });
-    });
+    trapped([this] { klanten().StartKlanten(true); });
 }
 
 void clsContrFactuurBewerken::mobjKlantController_SluitKlant(bool geannuleerd) {
@@ -326,6 +311,24 @@ clsControllerArtikel& clsContrFactuurBewerken::artikelen() {
                          });
     }
     return *m_Artikelen;
+}
+
+clsControllerKlant& clsContrFactuurBewerken::klanten() {
+    if (!m_Klanten) {
+        m_Klanten = std::make_unique<clsControllerKlant>();
+        QObject::connect(m_Klanten.get(), &clsControllerKlant::SluitKlant, &m_Events,
+                         [this](bool geannuleerd) {
+                             mobjKlantController_SluitKlant(geannuleerd);
+                             dropLater(m_Klanten);
+                         });
+    }
+    return *m_Klanten;
+}
+
+template <class Register>
+void clsContrFactuurBewerken::dropLater(std::unique_ptr<Register>& picker) {
+    QMetaObject::invokeMethod(
+        &m_Events, [&picker] { picker.reset(); }, Qt::QueuedConnection);
 }
 
 // The customer, the lines and the totals; number and date stay as the user typed them.

@@ -3,9 +3,7 @@
 #include <QList>
 #include <QObject>
 #include <QString>
-#include <functional>
 #include <memory>
-#include <optional>
 
 #include "controllers/InvoiceTotals.h"
 #include "controllers/InvoiceViews.h"
@@ -13,19 +11,8 @@
 #include "records/clsObjKlant.h"
 
 class clsControllerArtikel;
+class clsControllerKlant;
 class clsControllerFacturen;
-
-// The customer register in selection mode, as the invoice editor uses it.
-class IKlantKiezer {
-public:
-    virtual ~IKlantKiezer() = default;
-    // Opens the customer list to choose from; gesloten(geannuleerd) follows when it closes.
-    virtual void StartKiezen(std::function<void(bool geannuleerd)> gesloten) = 0;
-    virtual std::optional<clsObjKlant> GeselecteerdeKlant() const = 0;
-};
-using KlantKiezerMaker = std::function<std::unique_ptr<IKlantKiezer>()>;
-// The customer register of the program as the editor's picker.
-std::unique_ptr<IKlantKiezer> programKlantKiezer();
 
 // The invoice editor: number, date, customer and lines of one invoice. Stock moves at
 // once as lines are added, changed or removed; the invoice itself is written only by
@@ -61,10 +48,6 @@ public:
     // The customer the user chose becomes the invoice's customer.
     void KlantOvernemen(const clsObjKlant& klant);
 
-    // Where the editors get their customer picker: the customer register unless a test
-    // puts another in its place. An empty maker restores the register.
-    static void setKlantKiezerMaker(KlantKiezerMaker maker);
-
     // cmdBewerk and cmdVerwijder: each says so when no line is selected.
     void BewerkGeselecteerd();
     void VerwijderGeselecteerd();
@@ -74,9 +57,16 @@ public:
     const InvoiceTotals& Totalen() const { return m_Totalen; }
     // The article register while it picks or changes a line for this invoice.
     clsControllerArtikel* artikelController() const { return m_Artikelen.get(); }
+    // The customer register while it picks the customer for this invoice.
+    clsControllerKlant* klantController() const { return m_Klanten.get(); }
 
 private:
     clsControllerArtikel& artikelen();
+    clsControllerKlant& klanten();
+    // A picker's screen has closed: the register goes once it has finished raising its
+    // events, and the next pick opens a fresh one.
+    template <class Register>
+    void dropLater(std::unique_ptr<Register>& picker);
     void refreshView();
     void fillGrid();
     void showTotals();
@@ -94,7 +84,7 @@ private:
     clsControllerFacturen* m_Parent = nullptr;
     std::unique_ptr<IFactuurBewerkenView> m_View;
     std::unique_ptr<clsControllerArtikel> m_Artikelen;
-    std::unique_ptr<IKlantKiezer> m_Klanten;
+    std::unique_ptr<clsControllerKlant> m_Klanten;
     QObject m_Events;  // receives the article register's events while the editor lives
     QString m_OudNummer;
     QString m_OudDatum;

@@ -4,6 +4,7 @@
 #include "views/QtArticleViews.h"
 #include "views/QtCustomerViews.h"
 #include "views/QtImportViews.h"
+#include "views/QtInvoiceViews.h"
 #include "views/QtShellViews.h"
 
 namespace {
@@ -22,4 +23,5 @@ void installQtViews() {
     install<QtImportViews, ImportViewFactory>();
     install<QtArticleViews, ArticleViewFactory>();
     install<QtCustomerViews, CustomerViewFactory>();
+    install<QtInvoiceViews, InvoiceViewFactory>();
 }

@@ -7,12 +7,14 @@
 #include "base/Conversions.h"
 #include "base/Regional.h"
 #include "controllers/ArticleViews.h"
+#include "controllers/CustomerViews.h"
 #include "controllers/InvoiceViews.h"
 #include "controllers/ViewFactory.h"
 #include "controllers/clsContrFactuurBewerken.h"
 #include "controllers/clsControllerArtikel.h"
 #include "controllers/clsControllerFacturen.h"
 #include "controllers/clsControllerFactuur.h"
+#include "controllers/clsControllerKlant.h"
 
 // Readable texts in the messages of failed expectations.
 inline void PrintTo(const QString& text, std::ostream* out) {
@@ -149,16 +151,34 @@ struct ArticleScreens : ArticleViewFactory {
     }
 };
 
-// The customer list in selection mode: hands over the customer the test chose.
-struct CustomerChoice : IKlantKiezer {
-    qint32 klantID = 0;
-    void StartKiezen(std::function<void(bool)> gesloten) override { gesloten(klantID == 0); }
-    std::optional<clsObjKlant> GeselecteerdeKlant() const override {
-        clsObjKlant klant;
-        klant.setKlantID(klantID);
-        klant.Ophalen();
-        return klant;
+// The customer list in selection mode: the user's customer is the current row.
+struct CustomerList : IKlantView {
+    std::optional<qint32> current;
+    void SetKlantController(clsControllerKlant*) override {}
+    bool VoorSelecteren() const override { return true; }
+    void setVoorSelecteren(bool) override {}
+    void beginFill(const QList<GridColumn>&) override {}
+    void addRow(const QString&, qint32) override {}
+    void endFill() override {}
+    std::optional<qint32> currentID() const override { return current; }
+    QList<qint32> selectedIDs() const override {
+        return current ? QList<qint32>{*current} : QList<qint32>();
     }
+    void printList(const QString&, double) override {}
+    void show() override {}
+    void close() override {}
+};
+
+struct CustomerScreens : CustomerViewFactory {
+    CustomerList* list = nullptr;
+    ScopedViews<CustomerViewFactory> installed{this};
+
+    std::unique_ptr<IKlantView> createKlantList() override {
+        auto made = std::make_unique<CustomerList>();
+        list = made.get();
+        return made;
+    }
+    std::unique_ptr<IKlantBewerkenView> createKlantBewerken() override { return nullptr; }
 };
 
 struct Article {
@@ -172,15 +192,7 @@ struct Article {
 
 class InvoiceTest : public testing::Test {
 protected:
-    InvoiceTest() {
-        database.linkStockDatabase();
-        clsContrFactuurBewerken::setKlantKiezerMaker([this] {
-            auto picker = std::make_unique<CustomerChoice>();
-            picker->klantID = chosenCustomer;
-            return picker;
-        });
-    }
-    ~InvoiceTest() override { clsContrFactuurBewerken::setKlantKiezerMaker({}); }
+    InvoiceTest() { database.linkStockDatabase(); }
 
     qint32 addArticle(const Article& a) {
         database.exec(QString("INSERT INTO Artikel (Nummer, Omschrijving, Eenheid, Voorraad, "
@@ -230,9 +242,12 @@ protected:
         list.BewerkGeselecteerde();
         return *list.editors().last();
     }
+    // Chooses the customer in the customer list and confirms with OK.
     void chooseCustomer(clsContrFactuurBewerken& editor, qint32 klantID) {
-        chosenCustomer = klantID;
         editor.KlantSelecteren();
+        customers.list->current = klantID;
+        editor.klantController()->Bevestigen();
+        settle();
     }
     // Picks the article in the article list with a quantity and discount as typed.
     void pick(clsContrFactuurBewerken& editor, qint32 artikelID, const QString& aantal,
@@ -266,7 +281,7 @@ protected:
     RecordingUiService ui;
     InvoiceScreens screens;
     ArticleScreens articles;
-    qint32 chosenCustomer = 0;
+    CustomerScreens customers;
     clsControllerFacturen list;
 };
 
@@ -289,6 +304,13 @@ TEST_F(InvoiceTest, AUsersDayWithTheFirstInvoice) {
     EXPECT_EQ(screen.caption, "Nieuwe factuur");
     EXPECT_EQ(screen.nummer, "1");
     EXPECT_EQ(screen.datum, conv::toDateText(QDate::currentDate()));
+    EXPECT_EQ(screen.klant, QStringList());
+
+    // A customer list closed without a choice changes nothing.
+    editor.KlantSelecteren();
+    customers.list->current = klant;
+    editor.klantController()->Annuleren(true);
+    settle();
     EXPECT_EQ(screen.klant, QStringList());
 
     chooseCustomer(editor, klant);
