@@ -300,10 +300,8 @@ clsControllerArtikel& clsContrFactuurBewerken::artikelen() {
         QObject::connect(m_Artikelen.get(), &clsControllerArtikel::SluitArtikel, &m_Events,
                          [this](bool geannuleerd, double aantal, double korting) {
                              mobjArtikelController_SluitArtikel(geannuleerd, aantal, korting);
-                             // Its screen has closed: the register goes once it has finished
-                             // raising its events, and the next pick opens a fresh one.
-                             QMetaObject::invokeMethod(
-                                 &m_Events, [this] { m_Artikelen.reset(); }, Qt::QueuedConnection);
+                             dropLater(m_Artikelen);
+                             backToFront();
                          });
         QObject::connect(m_Artikelen.get(), &clsControllerArtikel::BewerkArtikel, &m_Events,
                          [this](qint32 artikelID, double aantal, double korting) {
@@ -320,9 +318,16 @@ clsControllerKlant& clsContrFactuurBewerken::klanten() {
                          [this](bool geannuleerd) {
                              mobjKlantController_SluitKlant(geannuleerd);
                              dropLater(m_Klanten);
+                             backToFront();
                          });
     }
     return *m_Klanten;
+}
+
+// After a pick the user goes on with the invoice, not with the screen behind the picker.
+void clsContrFactuurBewerken::backToFront() {
+    if (m_View && !m_Gesloten)
+        m_View->show();
 }
 
 template <class Register>

@@ -67,6 +67,7 @@ private:
     // events, and the next pick opens a fresh one.
     template <class Register>
     void dropLater(std::unique_ptr<Register>& picker);
+    void backToFront();
     void refreshView();
     void fillGrid();
     void showTotals();
