@@ -1,5 +1,6 @@
 #include "controllers/clsControllerFacturen.h"
 
+#include <QHash>
 #include <QMetaObject>
 #include <algorithm>
 
@@ -38,6 +39,23 @@ qint16 templateNumber() {
                     QStringLiteral("Er zijn geen instellingen opgeslagen."));
     return settings.first().Sjabloon();
 }
+
+// Dates in the platform's short form. Many invoices share a date, and formatting one is
+// costly next to the rest of a row: each date is formatted once per fill.
+class ShortDates {
+public:
+    const QString& text(const QDate& date) {
+        auto found = texts_.find(date.toJulianDay());
+        if (found == texts_.end())
+            found = texts_.insert(date.toJulianDay(), locale_.toString(date, format_));
+        return *found;
+    }
+
+private:
+    const QLocale& locale_ = Regional::locale();
+    const QString format_ = Regional::shortDateFormat();
+    QHash<qint64, QString> texts_;
+};
 
 }  // namespace
 
@@ -100,12 +118,11 @@ void clsControllerFacturen::fillGrid() {
         IFacturenView& view;
         ~EndFill() { view.endFill(); }
     } endFill{*view_};
-    const QLocale& locale = Regional::locale();
-    const QString dateFormat = Regional::shortDateFormat();
+    ShortDates dates;
     const QChar tab(u'\t');
     for (const clsObjFactuur& factuur : facturen) {
         view_->addRow(listCell(factuur.Nummer()) % tab % listCell(factuur.Klantnaam()) % tab %
-                          locale.toString(factuur.Datum().date(), dateFormat) % tab %
+                          dates.text(factuur.Datum().date()) % tab %
                           Regional::currencyText(factuur.TotaalPrijs()),
                       factuur.FactuurId());
     }
