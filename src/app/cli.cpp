@@ -5,12 +5,14 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QStringList>
 #include <QTextStream>
 #include <cstdio>
 
 #include "base/UiService.h"
 #include "exchange/ExchangeRoutines.h"
+#include "printing/modPdf.h"
 #include "store/clsObjAppInstellingen.h"
 
 namespace {
@@ -23,6 +25,8 @@ const char* const kUsage =
     "  import Klant|Artikel BESTAND       regels van BESTAND toevoegen aan de tabel\n"
     "  backup MAP                         db.daa kopieren naar MAP/<ddmmjjjj>db.bu1\n"
     "  restore BESTAND                    db.daa vervangen door de backup BESTAND\n"
+    "  factuur NUMMER... BESTAND.pdf      facturen in het sjabloon van de instellingen als PDF\n"
+    "  overzicht artikelen|klanten BESTAND.pdf   artikel- of klantenoverzicht als PDF\n"
     "  --help                             deze uitleg\n"
     "\n"
     "Een vraag (bijvoorbeeld of een bestaand bestand overschreven mag worden) wordt met\n"
@@ -70,6 +74,7 @@ struct Command {
     QString name;
     QString subject;  // the register or table of export and import
     QString path;
+    QStringList numbers;  // of the invoices to print
 };
 
 int usageError(const QString& problem) {
@@ -93,13 +98,59 @@ bool run(const Command& command) {
         return exchange::backup();
     if (command.name == QLatin1String("export"))
         return exchange::exportRegister(command.subject, QStringLiteral("csv"));
+    if (command.name == QLatin1String("factuur"))
+        return FacturenAlsPdf(command.numbers, command.path);
+    if (command.name == QLatin1String("overzicht"))
+        return OverzichtAlsPdf(command.subject == QLatin1String("artikelen") ? 1 : 3, command.path);
     return exchange::importTable(command.subject);
+}
+
+int runCommand(const Command& command, bool yes) {
+    TerminalService terminal(command.path, yes);
+    ui::install(&terminal);
+    const bool succeeded = run(command);
+    ui::install(nullptr);
+    return succeeded ? 0 : 1;
+}
+
+int runPdf(Command command, QStringList arguments, bool yes) {
+    const bool invoices = command.name == QLatin1String("factuur");
+    if (arguments.size() < 2 || (!invoices && arguments.size() != 2))
+        return usageError(QStringLiteral("Verkeerd aantal argumenten voor ") + command.name + '.');
+    command.path = QFileInfo(arguments.takeLast()).absoluteFilePath();
+    if (invoices) {
+        command.numbers = arguments;
+    } else {
+        command.subject = arguments.first();
+        if (command.subject != QLatin1String("artikelen") &&
+            command.subject != QLatin1String("klanten"))
+            return usageError(QStringLiteral("Onbekend overzicht: ") + command.subject);
+    }
+    return runCommand(command, yes);
 }
 
 }  // namespace
 
+// Printing needs fonts, so the PDF commands run a GUI application, on no screen at all
+// unless one is asked for.
+bool printsPdf(int argc, char* argv[]) {
+    for (int i = 1; i < argc; ++i) {
+        const QByteArray word(argv[i]);
+        if (!word.startsWith('-'))
+            return word == "factuur" || word == "overzicht";
+    }
+    return false;
+}
+
 int main(int argc, char* argv[]) {
-    QCoreApplication application(argc, argv);
+    std::unique_ptr<QCoreApplication> app;
+    if (printsPdf(argc, argv)) {
+        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+            qputenv("QT_QPA_PLATFORM", "offscreen");
+        app = std::make_unique<QGuiApplication>(argc, argv);
+    } else {
+        app = std::make_unique<QCoreApplication>(argc, argv);
+    }
     QCoreApplication::setApplicationName(QStringLiteral("lindebrug-cli"));
     QStringList arguments = QCoreApplication::arguments().mid(1);
     if (arguments.contains(QStringLiteral("--help")) || arguments.contains(QStringLiteral("-h"))) {
@@ -110,11 +161,13 @@ int main(int argc, char* argv[]) {
     if (arguments.isEmpty())
         return usageError(QStringLiteral("Geen opdracht gegeven."));
 
-    Command command{arguments.takeFirst(), QString(), QString()};
+    Command command{arguments.takeFirst(), QString(), QString(), {}};
     const bool withSubject =
         command.name == QLatin1String("export") || command.name == QLatin1String("import");
     const bool known = withSubject || command.name == QLatin1String("backup") ||
                        command.name == QLatin1String("restore");
+    if (command.name == QLatin1String("factuur") || command.name == QLatin1String("overzicht"))
+        return runPdf(command, arguments, yes);
     if (!known)
         return usageError(QStringLiteral("Onbekende opdracht: ") + command.name);
     if (arguments.size() != (withSubject ? 2 : 1))
@@ -134,10 +187,5 @@ int main(int argc, char* argv[]) {
         command.name == QLatin1String("export") || command.name == QLatin1String("backup");
     command.path = takesFolder ? QDir(arguments.first()).absolutePath()
                                : QFileInfo(arguments.first()).absoluteFilePath();
-
-    TerminalService terminal(command.path, yes);
-    ui::install(&terminal);
-    const bool succeeded = run(command);
-    ui::install(nullptr);
-    return succeeded ? 0 : 1;
+    return runCommand(command, yes);
 }

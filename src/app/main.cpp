@@ -2,6 +2,7 @@
 #include <cstdlib>
 
 #include "base/UiService.h"
+#include "controllers/PreviewController.h"
 #include "views/QtUiService.h"
 #include "views/QtViews.h"
 #include "views/frmFactuur.h"
@@ -14,6 +15,8 @@ int main(int argc, char* argv[]) {
     QtUiService uiService;
     ui::install(&uiService);
     installQtViews();
+    ReportPreviews previews;
+    report::installPresenter(&previews);
 
     frmFactuur window;
     if (!window.startUp())

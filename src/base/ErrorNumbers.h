@@ -29,6 +29,7 @@ struct ErrorNumbers {
         TableNotFound = 3376,
         ConnectionClosed = 3704,
         ConnectionAlreadyOpen = 3705,
+        InvalidReportFile = 31037,  // a report file (template, overview) that cannot be read
         DialogCancelled = 32755,
     };
 };

@@ -48,6 +48,12 @@ public:
     // the chosen path, or an empty text when the user cancels.
     virtual QString openFile(const QString& title, const QString& filter,
                              const QString& startFolder) = 0;
+    // The path to save under, or an empty text when the user cancels; the dialog asks
+    // before an existing file is replaced.
+    virtual QString saveFile(const QString& title, const QString& filter,
+                             const QString& suggestedPath) {
+        return QString();
+    }
     // The chosen folder, or an empty text when the user cancels.
     virtual QString chooseFolder(const QString& prompt) = 0;
     // True when the user confirmed the dialog; the printer then holds the choice.

@@ -11,6 +11,7 @@
 #include "controllers/Trapped.h"
 #include "controllers/ViewFactory.h"
 #include "controllers/clsContrFactuurBewerken.h"
+#include "printing/clsObjSjabloon.h"
 #include "records/clsObjBTW.h"
 #include "records/clsObjFactuur.h"
 #include "records/clsObjInstellingen.h"
@@ -20,8 +21,6 @@ namespace {
 
 // The highest number the invoice templates print in full.
 constexpr qint32 kHighestPrintableNumber = 999999999;
-// Template numbers 0 to 6 are the seven invoice templates.
-constexpr qint16 kTemplateCount = 7;
 
 QString listCell(const QString& text) {
     return text.contains(u'\t') ? QString(text).replace(u'\t', u' ') : text;
@@ -89,18 +88,10 @@ void clsControllerFacturen::StartFacturen() {
     });
 }
 
+// The template of the settings shows the invoices; a number past the seven templates
+// finds none and says so.
 void clsControllerFacturen::OpenSjabloon(const QString& ids) {
-    trapped([&] {
-        const qint16 sjabloon = templateNumber();
-        if (sjabloon >= kTemplateCount) {
-            ui::message(QStringLiteral("Factuur sjabloon niet gevonden."),
-                        QStringLiteral("Factuur sjabloon openen"), ui::Icon::Information);
-            return;
-        }
-        // The invoice templates themselves are not part of this program yet: the
-        // invoices chosen in ids are not shown.
-        Q_UNUSED(ids);
-    });
+    trapped([&] { clsObjSjabloon().ToonFacturen(ids, templateNumber()); });
 }
 
 void clsControllerFacturen::RefreshScherm() {

@@ -155,6 +155,12 @@ QString QtUiService::openFile(const QString& title, const QString& filter,
                                         fileFilters(filter).join(QStringLiteral(";;")));
 }
 
+QString QtUiService::saveFile(const QString& title, const QString& filter,
+                              const QString& suggestedPath) {
+    return QFileDialog::getSaveFileName(dialogParent(), title, suggestedPath,
+                                        fileFilters(filter).join(QStringLiteral(";;")));
+}
+
 QString QtUiService::chooseFolder(const QString& prompt) {
     return QFileDialog::getExistingDirectory(dialogParent(), prompt);
 }

@@ -21,6 +21,8 @@ public:
     QString openFile(const QString& title, const QString& filter,
                      const QString& startFolder) override;
     QString chooseFolder(const QString& prompt) override;
+    QString saveFile(const QString& title, const QString& filter,
+                     const QString& suggestedPath) override;
     bool choosePrinter(QPrinter& printer) override;
     void playSound(const QString& eventName) override;
     bool openAddress(const QString& address) override;

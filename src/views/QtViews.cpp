@@ -5,6 +5,7 @@
 #include "views/QtCustomerViews.h"
 #include "views/QtImportViews.h"
 #include "views/QtInvoiceViews.h"
+#include "views/QtPrintViews.h"
 #include "views/QtShellViews.h"
 
 namespace {
@@ -24,4 +25,5 @@ void installQtViews() {
     install<QtArticleViews, ArticleViewFactory>();
     install<QtCustomerViews, CustomerViewFactory>();
     install<QtInvoiceViews, InvoiceViewFactory>();
+    install<QtPrintViews, PrintViewFactory>();
 }

@@ -6,6 +6,7 @@
 #include <QMdiSubWindow>
 #include <QShortcut>
 #include <QTimer>
+#include <algorithm>
 
 #include "base/Conversions.h"
 #include "controllers/clsControllerArtikel.h"
@@ -28,7 +29,6 @@ frmArtikel::frmArtikel(QWidget* parent)
     search_->connectSearchTimer(*tmrZoek_);
     search_->connectSearchButtons(*ui_->cmdVerder, *ui_->cmdTerug);
     search_->connectSorting();
-    ui_->fgrArtikelen->setColWidth(1, 260);
     ui_->txtAantal->setText(QStringLiteral("1"));
     ui_->txtKorting->setText(QStringLiteral("0"));
     connectButtons();
@@ -93,7 +93,22 @@ void frmArtikel::beginFill(const QStringList& headers) {
     grid.setRedraw(false);
     grid.clear();
     grid.setRows(1);
+    const bool first = grid.cols() == 0;
     grid.setHeaders(headers);
+    // The description gets the room; widths the user changes later survive refills.
+    if (first) {
+        const int character = fontMetrics().averageCharWidth();
+        const int widths[] = {8, 40, 10, 13, 6};
+        for (int col = 0; col < grid.cols() && col < 5; ++col)
+            grid.setColWidth(
+                col, std::max(widths[col] * character,
+                              fontMetrics().horizontalAdvance(headers[col]) + 3 * character));
+    }
+}
+
+QSize frmArtikel::sizeHint() const {
+    // Room for the five columns and a screenful of rows, at any scale.
+    return QSize(fontMetrics().averageCharWidth() * 120, fontMetrics().lineSpacing() * 26);
 }
 
 void frmArtikel::addRow(const QString& cells, qint32 artikelID) {

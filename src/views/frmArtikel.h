@@ -34,6 +34,8 @@ public:
     void show() override;
     void close() override;
 
+    QSize sizeHint() const override;
+
 protected:
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;

@@ -19,6 +19,12 @@ QString RecordingUiService::openFile(const QString& title, const QString& filter
     return filesToOpen.isEmpty() ? QString() : filesToOpen.dequeue();
 }
 
+QString RecordingUiService::saveFile(const QString& title, const QString& filter,
+                                     const QString& suggestedPath) {
+    saveRequests.append({title, filter, suggestedPath});
+    return filesToSave.isEmpty() ? QString() : filesToSave.dequeue();
+}
+
 QString RecordingUiService::chooseFolder(const QString& prompt) {
     folderPrompts.append(prompt);
     return foldersToChoose.isEmpty() ? QString() : foldersToChoose.dequeue();

@@ -19,6 +19,7 @@ public:
     QQueue<ui::Answer> answers;
     QQueue<QString> filesToOpen;
     QQueue<QString> foldersToChoose;
+    QQueue<QString> filesToSave;
     bool printerConfirmed = false;
     bool openAddressSucceeds = true;
 
@@ -29,6 +30,7 @@ public:
     };
     QList<FileRequest> fileRequests;
     QStringList folderPrompts;
+    QList<FileRequest> saveRequests;
     QStringList sounds;
     QStringList openedAddresses;
     QList<QStringList> startedPrograms;  // program followed by its arguments
@@ -40,6 +42,8 @@ public:
     ui::Answer message(const ui::Message& message) override;
     QString openFile(const QString& title, const QString& filter,
                      const QString& startFolder) override;
+    QString saveFile(const QString& title, const QString& filter,
+                     const QString& suggestedPath) override;
     QString chooseFolder(const QString& prompt) override;
     bool choosePrinter(QPrinter& printer) override;
     void playSound(const QString& eventName) override;

@@ -102,10 +102,20 @@ TEST_F(ArticleScreenTest, ThePriceTakesCommaAndPointAndIsReshownInTwoDecimals) {
     EXPECT_EQ(txtPrijs->text(), "12,.");
     EXPECT_EQ(ui.sounds, QStringList{"Beep"});
 
-    txtPrijs->setText("12,5");
-    leave(edit.findChild<QWidget*>("txtOmschrijving"));
-    EXPECT_EQ(txtPrijs->text(), "12,50");
+    // The point groups thousands in the Dutch notation, as the manual warns.
+    for (const auto& [typed, shown] :
+         {std::pair<QString, QString>{"12,5", "12,50"}, {"1.250", "1250,00"}, {"0,125", "0,13"}}) {
+        focus(txtPrijs);
+        txtPrijs->setText(typed);
+        leave(edit.findChild<QWidget*>("txtOmschrijving"));
+        EXPECT_EQ(txtPrijs->text(), shown) << typed.toStdString();
+    }
     EXPECT_TRUE(ui.messages.isEmpty());
+    focus(txtPrijs);
+    txtPrijs->setText("12.50");
+    leave(edit.findChild<QWidget*>("txtOmschrijving"));
+    ASSERT_EQ(ui.messages.size(), 1);
+    EXPECT_EQ(ui.lastMessage().text, "Ongeldige waarde voor prijs ingevuld");
 }
 
 // Each field that checks its value on leaving keeps the focus on a wrong value.

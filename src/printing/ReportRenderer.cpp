@@ -1,0 +1,193 @@
+#include "printing/ReportRenderer.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <QFileInfo>
+#include <QFontMetricsF>
+#include <QHash>
+#include <QPageLayout>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QPrinter>
+#include <QSaveFile>
+#include <optional>
+#include <unordered_map>
+
+namespace report {
+
+namespace {
+
+class PageDrawer {
+public:
+    PageDrawer(QPainter& painter, double dotsPerTwipX, double dotsPerTwipY)
+        : painter_(painter), sx_(dotsPerTwipX), sy_(dotsPerTwipY) {}
+
+    void draw(const Page& page) {
+        for (const DrawItem& item : page.items) {
+            switch (item.kind) {
+                case DrawItem::Kind::Text:
+                    drawText(item);
+                    break;
+                case DrawItem::Kind::Line:
+                    painter_.setPen(pen(item.penWidth, item.color));
+                    painter_.drawLine(map(item.rect.topLeft()), map(item.rect.bottomRight()));
+                    break;
+                case DrawItem::Kind::Box:
+                    painter_.setPen(item.penWidth > 0 ? pen(item.penWidth, item.color)
+                                                      : QPen(Qt::NoPen));
+                    painter_.setBrush(item.fill.isEmpty() ? QBrush(Qt::NoBrush)
+                                                          : QBrush(QColor(item.fill)));
+                    painter_.drawRect(map(item.rect));
+                    painter_.setBrush(Qt::NoBrush);
+                    break;
+                case DrawItem::Kind::Image:
+                    drawImage(item);
+                    break;
+            }
+        }
+    }
+
+private:
+    QPointF map(const QPointF& twips) const { return QPointF(twips.x() * sx_, twips.y() * sy_); }
+    QRectF map(const QRectF& twips) const {
+        return QRectF(map(twips.topLeft()), map(twips.bottomRight()));
+    }
+    QPen pen(double widthTwips, const QString& color) const {
+        QPen pen(color.isEmpty() ? QColor(Qt::black) : QColor(color), widthTwips * sx_);
+        pen.setCapStyle(Qt::FlatCap);
+        return pen;
+    }
+
+    // A font and its measures, made once per kind of text of a document.
+    struct Font {
+        QFont font;
+        QFontMetricsF metrics;
+    };
+
+    const Font& font(const FontSpec& spec) {
+        if (lastSpec_ && *lastSpec_ == spec)
+            return *lastFont_;
+        const QString key = spec.family + u'|' + QString::number(spec.size) + u'|' +
+                            QChar(spec.bold ? u'b' : u'-') + QChar(spec.italic ? u'i' : u'-');
+        auto found = fonts_.find(key);
+        if (found == fonts_.end()) {
+            QFont font(spec.family);
+            font.setPointSizeF(spec.size);
+            font.setBold(spec.bold);
+            font.setItalic(spec.italic);
+            found = fonts_.emplace(key, Font{font, QFontMetricsF(font, painter_.device())}).first;
+        }
+        lastSpec_ = spec;
+        lastFont_ = &found->second;
+        return found->second;
+    }
+
+    void drawText(const DrawItem& item) {
+        const Font& f = font(item.font);
+        if (painter_.font() != f.font)
+            painter_.setFont(f.font);
+        painter_.setPen(Qt::black);
+        const QRectF rect = map(item.rect);
+        if (item.wrap) {
+            painter_.drawText(rect, int(item.alignment | Qt::AlignTop | Qt::TextWordWrap),
+                              item.text);
+            return;
+        }
+        const QFontMetricsF& metrics = f.metrics;
+        const QString shown = metrics.horizontalAdvance(item.text) > rect.width()
+                                  ? metrics.elidedText(item.text, Qt::ElideRight, rect.width())
+                                  : item.text;
+        painter_.drawText(rect, int(item.alignment | Qt::AlignVCenter | Qt::TextSingleLine), shown);
+    }
+
+    // A zoomed picture fills its control as far as its proportions allow; any other is
+    // drawn at its own size from the control's corner, cut off at the control's edge.
+    void drawImage(const DrawItem& item) {
+        const QRectF frame = map(item.rect);
+        QSizeF size;
+        if (item.zoom) {
+            size = QSizeF(item.image.size()).scaled(frame.size(), Qt::KeepAspectRatio);
+        } else {
+            const double dpmX = item.image.dotsPerMeterX() > 0 ? item.image.dotsPerMeterX() : 2835;
+            const double dpmY = item.image.dotsPerMeterY() > 0 ? item.image.dotsPerMeterY() : 2835;
+            const double twipsPerMetre = 1440 / 0.0254;
+            size = QSizeF(item.image.width() / dpmX * twipsPerMetre * sx_,
+                          item.image.height() / dpmY * twipsPerMetre * sy_);
+        }
+        double x = frame.left();
+        if (item.alignment & Qt::AlignRight)
+            x = frame.right() - size.width();
+        else if (item.alignment & Qt::AlignHCenter)
+            x = frame.left() + (frame.width() - size.width()) / 2;
+        painter_.save();
+        painter_.setClipRect(frame);
+        painter_.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter_.drawImage(QRectF(QPointF(x, frame.top()), size), item.image);
+        painter_.restore();
+    }
+
+    QPainter& painter_;
+    double sx_, sy_;
+    std::unordered_map<QString, Font> fonts_;
+    std::optional<FontSpec> lastSpec_;
+    const Font* lastFont_ = nullptr;
+};
+
+// Flushes the folder so that a renamed file keeps its name after a power cut.
+void flushFolder(const QString& path) {
+    const int folder = ::open(QFile::encodeName(QFileInfo(path).absolutePath()).constData(),
+                              O_RDONLY | O_DIRECTORY);
+    if (folder >= 0) {
+        ::fsync(folder);
+        ::close(folder);
+    }
+}
+
+}  // namespace
+
+bool render(const Document& document, QPagedPaintDevice& device) {
+    // A page size is portrait; a landscape paper is its portrait size turned.
+    const bool landscape = document.paper.width() > document.paper.height();
+    const QSizeF points = document.paper / 20;
+    const QPageSize paper(landscape ? points.transposed() : points, QPageSize::Point, QString(),
+                          QPageSize::FuzzyMatch);
+    if (auto* printer = dynamic_cast<QPrinter*>(&device))
+        printer->setFullPage(true);
+    device.setPageLayout(QPageLayout(
+        paper, landscape ? QPageLayout::Landscape : QPageLayout::Portrait, QMarginsF()));
+    QPainter painter;
+    if (!painter.begin(&device))
+        return false;
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setRenderHint(QPainter::TextAntialiasing);
+    PageDrawer drawer(painter, device.logicalDpiX() / 1440.0, device.logicalDpiY() / 1440.0);
+    for (int i = 0; i < document.pages.size(); ++i) {
+        if (i > 0 && !device.newPage())
+            return false;
+        drawer.draw(document.pages[i]);
+    }
+    return painter.end();
+}
+
+bool writePdf(const Document& document, const QString& path) {
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly))
+        return false;
+    {
+        QPdfWriter writer(&file);
+        writer.setResolution(1200);
+        writer.setTitle(document.title);
+        writer.setCreator(QStringLiteral("Lindebrug"));
+        if (!render(document, writer)) {
+            file.cancelWriting();
+            return false;
+        }
+    }
+    if (file.error() != QFileDevice::NoError || !file.commit())
+        return false;
+    flushFolder(path);
+    return true;
+}
+
+}  // namespace report
