@@ -2,6 +2,7 @@
 
 #include "controllers/clsContrInstellingen.h"
 #include "controllers/clsControllerArtikel.h"
+#include "controllers/clsControllerFacturen.h"
 #include "controllers/clsControllerKlant.h"
 
 std::unique_ptr<RegisterController> createProgramRegister(Register which) {
@@ -13,7 +14,7 @@ std::unique_ptr<RegisterController> createProgramRegister(Register which) {
         case Register::Klanten:
             return std::make_unique<clsControllerKlant>();
         case Register::Facturen:
-            break;
+            return std::make_unique<clsControllerFacturen>();
         case Register::Instellingen:
             return std::make_unique<clsContrInstellingen>(SettingsReports::program());
     }

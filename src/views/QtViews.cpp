@@ -5,6 +5,7 @@
 #include "views/QtCustomerViews.h"
 #include "views/QtImportViews.h"
 #include "views/QtLabelViews.h"
+#include "views/QtInvoiceViews.h"
 #include "views/QtPrintViews.h"
 #include "views/QtSettingsViews.h"
 #include "views/QtShellViews.h"
@@ -27,5 +28,6 @@ void installQtViews() {
     install<QtCustomerViews, CustomerViewFactory>();
     install<QtSettingsViews, SettingsViewFactory>();
     install<QtLabelViews, LabelViewFactory>();
+    install<QtInvoiceViews, InvoiceViewFactory>();
     install<QtPrintViews, PrintViewFactory>();
 }

@@ -1,0 +1,242 @@
+#include "controllers/clsControllerFacturen.h"
+
+#include <QHash>
+#include <QMetaObject>
+#include <algorithm>
+
+#include "base/Conversions.h"
+#include "base/Error.h"
+#include "base/Regional.h"
+#include "base/UiService.h"
+#include "controllers/Trapped.h"
+#include "controllers/ViewFactory.h"
+#include "controllers/clsContrFactuurBewerken.h"
+#include "printing/clsObjSjabloon.h"
+#include "records/clsObjBTW.h"
+#include "records/clsObjFactuur.h"
+#include "records/clsObjInstellingen.h"
+#include "store/clsDatabase.h"
+
+namespace {
+
+// The highest number the invoice templates print in full.
+constexpr qint32 kHighestPrintableNumber = 999999999;
+
+QString listCell(const QString& text) {
+    return text.contains(u'\t') ? QString(text).replace(u'\t', u' ') : text;
+}
+
+bool askDelete(const QString& question) {
+    return ui::message(question, QStringLiteral("Verwijderen module(n)"), ui::Icon::Question,
+                       ui::Buttons::YesNo, ui::Answer::No) == ui::Answer::Yes;
+}
+
+qint16 templateNumber() {
+    const QList<clsObjInstellingen> settings = clsObjInstellingen().Lijst(QString());
+    if (settings.isEmpty())
+        throw Error(Error::NoCurrentRecord, QStringLiteral("clsObjInstellingen"),
+                    QStringLiteral("Er zijn geen instellingen opgeslagen."));
+    return settings.first().Sjabloon();
+}
+
+// Dates in the platform's short form. Many invoices share a date, and formatting one is
+// costly next to the rest of a row: each date is formatted once per fill.
+class ShortDates {
+public:
+    const QString& text(const QDate& date) {
+        auto found = texts_.find(date.toJulianDay());
+        if (found == texts_.end())
+            found = texts_.insert(date.toJulianDay(), locale_.toString(date, format_));
+        return *found;
+    }
+
+private:
+    const QLocale& locale_ = Regional::locale();
+    const QString format_ = Regional::shortDateFormat();
+    QHash<qint64, QString> texts_;
+};
+
+}  // namespace
+
+clsControllerFacturen::clsControllerFacturen() = default;
+
+clsControllerFacturen::~clsControllerFacturen() = default;
+
+void clsControllerFacturen::Annuleren() {
+    trapped([this] {
+        // An editor with unsaved lines asks its user; one that stays keeps the list open.
+        for (clsContrFactuurBewerken* editor : editors()) {
+            if (!editor->Annuleren())
+                return;
+        }
+        editors_.clear();
+        if (view_)
+            view_->close();
+        Q_EMIT SluitFactuur();
+        Q_EMIT closed();
+    });
+}
+
+void clsControllerFacturen::StartFacturen() {
+    trapped([this] {
+        if (!view_) {
+            view_ = views<InvoiceViewFactory>().createFacturen();
+            view_->SetFacturenController(this);
+        }
+        view_->show();
+        fillGrid();
+    });
+}
+
+// The template of the settings shows the invoices; a number past the seven templates
+// finds none and says so.
+void clsControllerFacturen::OpenSjabloon(const QString& ids) {
+    trapped([&] { clsObjSjabloon().ToonFacturen(ids, templateNumber()); });
+}
+
+void clsControllerFacturen::RefreshScherm() {
+    trapped([this] { fillGrid(); });
+}
+
+void clsControllerFacturen::fillGrid() {
+    if (!view_)
+        return;
+    const QList<clsObjFactuur> facturen = clsObjFactuur().Lijst(QString());
+    view_->beginFill({QStringLiteral("Factuurnummer"), QStringLiteral("Klantnaam"),
+                      QStringLiteral("Datum"), QStringLiteral("Totaal prijs")});
+    // However the fill ends, the grid is drawn again.
+    struct EndFill {
+        IFacturenView& view;
+        ~EndFill() { view.endFill(); }
+    } endFill{*view_};
+    ShortDates dates;
+    const QChar tab(u'\t');
+    for (const clsObjFactuur& factuur : facturen) {
+        view_->addRow(listCell(factuur.Nummer()) % tab % listCell(factuur.Klantnaam()) % tab %
+                          dates.text(factuur.Datum().date()) % tab %
+                          Regional::currencyText(factuur.TotaalPrijs()),
+                      factuur.FactuurId());
+    }
+}
+
+void clsControllerFacturen::VerwijderFactuur(const QList<qint32>& ids) {
+    trapped([&] {
+        if (ids.isEmpty())
+            return;
+        const QString question =
+            ids.size() == 1
+                ? QStringLiteral("Weet u zeker dat u de geselecteerde factuur wilt verwijderen?")
+                : QStringLiteral("Weet u zeker dat u de geselecteerde facturen wilt verwijderen?");
+        if (!askDelete(question))
+            return;
+        // Only the invoice row goes: the stock its lines took stays taken.
+        for (const qint32 id : ids) {
+            clsObjFactuur factuur;
+            factuur.setFactuurId(id);
+            factuur.Ophalen();
+            factuur.LaadKlant();
+            factuur.LaadArtikelenPerFactuur();
+            factuur.Verwijderen();
+        }
+        fillGrid();
+    });
+}
+
+qint32 clsControllerFacturen::VolgendNummer() {
+    const auto set = clsDatabase().ExecuteQuery(QStringLiteral("SELECT Max(Nummer) FROM Factuur"));
+    if (set->isEOF())
+        return 1;
+    const QVariant highest = set->value(0);
+    if (highest.isNull())
+        return 1;
+    bool numeric = false;
+    const double value = highest.toDouble(&numeric);
+    if (!numeric)
+        throw Error::typeMismatch(QStringLiteral("clsControllerFacturen"));
+    return conv::toLong(value + 1);
+}
+
+void clsControllerFacturen::NieuwFactuur() {
+    trapped([this] {
+        const qint32 nummer = VolgendNummer();
+        if (nummer > kHighestPrintableNumber) {
+            ui::message(QStringLiteral("Het opvolgende factuurnummer is groter dan 999.999.999 "
+                                       "waardoor\r\nhet nummer foutief zal worden weergegeven."),
+                        QStringLiteral("Factuurnummer"), ui::Icon::Exclamation);
+        }
+        clsObjFactuur factuur;
+        factuur.setFactuurId(0);
+        // Today, without the time of day.
+        factuur.setDatum(QDateTime(QDate::currentDate(), QTime(0, 0)));
+        factuur.setNummer(QString::number(nummer));
+        factuur.setBTWId(clsObjBTW::rowInUse().BTWId());
+        openEditor(factuur);
+    });
+}
+
+void clsControllerFacturen::BewerkenFactuur() {
+    trapped([this] {
+        const std::optional<qint32> id = view_ ? view_->currentID() : std::nullopt;
+        if (!id)
+            return;
+        clsObjFactuur factuur;
+        factuur.setFactuurId(*id);
+        openEditor(factuur);
+    });
+}
+
+void clsControllerFacturen::BewerkGeselecteerde() {
+    if (!view_ || view_->selectedIDs().isEmpty()) {
+        ui::message(QStringLiteral("Er is geen factuur geselecteerd om te bewerken."),
+                    QStringLiteral("Factuur bewerken"), ui::Icon::Information);
+        return;
+    }
+    BewerkenFactuur();
+}
+
+void clsControllerFacturen::VerwijderGeselecteerde() {
+    const QList<qint32> ids = view_ ? view_->selectedIDs() : QList<qint32>();
+    if (ids.isEmpty()) {
+        ui::message(QStringLiteral("Er is geen factuur geselecteerd om te verwijderen."),
+                    QStringLiteral("Factuur verwijderen"), ui::Icon::Information);
+        return;
+    }
+    VerwijderFactuur(ids);
+}
+
+void clsControllerFacturen::ToonGeselecteerde() {
+    const QList<qint32> ids = view_ ? view_->selectedIDs() : QList<qint32>();
+    if (ids.isEmpty()) {
+        ui::message(QStringLiteral("Er is geen factuur geselecteerd om te tonen."),
+                    QStringLiteral("Factuur tonen"), ui::Icon::Information);
+        return;
+    }
+    QStringList keys;
+    for (const qint32 id : ids) keys << QString::number(id);
+    OpenSjabloon(keys.join(u','));
+}
+
+QList<clsContrFactuurBewerken*> clsControllerFacturen::editors() const {
+    QList<clsContrFactuurBewerken*> open;
+    for (const auto& editor : editors_) open << editor.get();
+    return open;
+}
+
+void clsControllerFacturen::openEditor(const clsObjFactuur& factuur) {
+    auto editor = std::make_unique<clsContrFactuurBewerken>();
+    editor->setParent(this);
+    clsContrFactuurBewerken* started = editor.get();
+    editors_.push_back(std::move(editor));
+    if (!started->StartFactuurBewerken(factuur))
+        removeEditor(started);
+}
+
+void clsControllerFacturen::editorClosed(clsContrFactuurBewerken* editor) {
+    // The editor reports from inside its own operation, which goes on after the report.
+    QMetaObject::invokeMethod(
+        this, [this, editor] { removeEditor(editor); }, Qt::QueuedConnection);
+}
+
+void clsControllerFacturen::removeEditor(clsContrFactuurBewerken* editor) {
+    std::erase_if(editors_, [editor](const auto& open) { return open.get() == editor; });
+}

@@ -1,0 +1,182 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QCalendarWidget>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include "RecordingUiService.h"
+#include "views/ListGrid.h"
+#include "views/frmFacturen.h"
+#include "views/frmFactuurBewerken.h"
+#include "views/frmSelecteerDatum.h"
+
+namespace {
+
+template <class T>
+T& child(QWidget& form, const char* name) {
+    T* found = form.findChild<T*>(QString::fromLatin1(name));
+    if (!found)
+        throw std::runtime_error(std::string("no control ") + name);
+    return *found;
+}
+
+class EditorFormTest : public testing::Test {
+protected:
+    EditorFormTest() {
+        form.show();
+        QApplication::setActiveWindow(&form);
+        nummer.setFocus(Qt::OtherFocusReason);
+    }
+
+    RecordingUiService ui;
+    frmFactuurBewerken form;
+    QLineEdit& nummer = child<QLineEdit>(form, "txtNummer");
+    QLineEdit& datum = child<QLineEdit>(form, "txtDatum");
+};
+
+struct Typing {
+    const char* before;
+    const char* keys;
+    const char* after;
+};
+
+class NummerKeyTest : public EditorFormTest, public testing::WithParamInterface<Typing> {};
+
+// Only digits reach the number; backspace still erases.
+TEST_P(NummerKeyTest, TakesDigitsOnly) {
+    nummer.setText(GetParam().before);
+    nummer.end(false);
+    QTest::keyClicks(&nummer, GetParam().keys);
+    EXPECT_EQ(nummer.text(), GetParam().after);
+}
+
+INSTANTIATE_TEST_SUITE_P(Keys, NummerKeyTest,
+                         testing::Values(Typing{"", "12a3", "123"}, Typing{"7", "-,.5 x", "75"},
+                                         Typing{"", "1e9+", "19"}));
+
+TEST_F(EditorFormTest, BackspaceErasesInTheNumber) {
+    nummer.setText("456");
+    nummer.end(false);
+    QTest::keyClick(&nummer, Qt::Key_Backspace);
+    EXPECT_EQ(nummer.text(), "45");
+}
+
+// Leaving the number empty is refused: the message, the text selected, the focus kept;
+// a number, or leaving for Annuleren, passes.
+TEST_F(EditorFormTest, LeavingANumberThatIsNotNumericIsRefused) {
+    struct Case {
+        QString text;
+        const char* next;
+        bool refused;
+    };
+    for (const Case& c : {Case{"", "txtDatum", true}, Case{"0012", "txtDatum", false},
+                          Case{"", "cmdAnnuleren", false}}) {
+        ui.messages.clear();
+        nummer.setText(c.text);
+        nummer.setFocus(Qt::OtherFocusReason);
+        QWidget& next = child<QWidget>(form, c.next);
+        next.setFocus(Qt::TabFocusReason);
+        QApplication::processEvents();
+        if (c.refused) {
+            ASSERT_EQ(ui.messages.size(), 1);
+            EXPECT_EQ(ui.lastMessage().text, "Ongeldige waarde ingevoerd");
+            EXPECT_EQ(ui.lastMessage().caption, "Factuurnummer");
+            EXPECT_EQ(ui.lastMessage().icon, ui::Icon::Exclamation);
+            EXPECT_TRUE(nummer.hasFocus());
+        } else {
+            EXPECT_TRUE(ui.messages.isEmpty()) << c.next;
+            EXPECT_TRUE(next.hasFocus());
+        }
+    }
+}
+
+struct Picking {
+    const char* typed;
+    QDate shownAt;  // the day the calendar opens at
+    QDate picked;
+    bool confirmed;
+    const char* result;
+};
+
+class DatePickerTest : public EditorFormTest, public testing::WithParamInterface<Picking> {};
+
+// The calendar opens at the date typed; OK writes the chosen day as dd-mm-yyyy, Annuleren
+// leaves the field alone.
+TEST_P(DatePickerTest, WritesThePickedDateOnlyOnOk) {
+    const Picking& p = GetParam();
+    datum.setText(p.typed);
+    QDate openedAt;
+    QTimer::singleShot(0, [&] {
+        auto* picker = qobject_cast<frmSelecteerDatum*>(QApplication::activeModalWidget());
+        ASSERT_NE(picker, nullptr);
+        auto& calendar = child<QCalendarWidget>(*picker, "calDatum");
+        openedAt = calendar.selectedDate();
+        calendar.setSelectedDate(p.picked);
+        child<QPushButton>(*picker, p.confirmed ? "cmdOK" : "cmdAnnuleren").click();
+    });
+    child<QPushButton>(form, "cmdSelecteerDatum").click();
+    EXPECT_EQ(openedAt, p.shownAt);
+    EXPECT_EQ(datum.text(), p.result);
+}
+
+INSTANTIATE_TEST_SUITE_P(Dates, DatePickerTest,
+                         testing::Values(Picking{"15-03-2026", QDate(2026, 3, 15),
+                                                 QDate(2026, 4, 2), true, "02-04-2026"},
+                                         Picking{"15-03-2026", QDate(2026, 3, 15),
+                                                 QDate(2026, 4, 2), false, "15-03-2026"},
+                                         Picking{"geen datum", QDate::currentDate(),
+                                                 QDate(2025, 12, 31), true, "31-12-2025"}));
+
+struct Drag {
+    int from, to;
+};
+
+class InvoiceListSelectionTest : public testing::TestWithParam<Drag> {};
+
+// Dragging down from row 2 to 4 or up from 4 to 2 selects the same invoices, lowest first.
+TEST_P(InvoiceListSelectionTest, EitherDirectionGivesTheSameInvoices) {
+    frmFacturen form;
+    form.beginFill({"Factuurnummer", "Klantnaam", "Datum", "Totaal prijs"});
+    for (const qint32 key : {41, 42, 43, 44, 45})
+        form.addRow(QString("%1\tKlant\t01-01-2026\t€ 1,00").arg(key), key);
+    form.endFill();
+    auto& grid = child<ListGrid>(form, "fgrFacturen");
+    grid.setCurrentRow(GetParam().from);
+    grid.setSelectionEndRow(GetParam().to);
+    EXPECT_EQ(form.selectedIDs(), QList<qint32>({42, 43, 44}));
+    EXPECT_EQ(form.currentID(), GetParam().from == 2 ? 42 : 44);
+}
+
+INSTANTIATE_TEST_SUITE_P(Drags, InvoiceListSelectionTest, testing::Values(Drag{2, 4}, Drag{4, 2}));
+
+TEST(InvoiceListForm, AnEmptyListHasNoSelection) {
+    frmFacturen form;
+    form.beginFill({"Factuurnummer", "Klantnaam", "Datum", "Totaal prijs"});
+    form.endFill();
+    EXPECT_TRUE(form.selectedIDs().isEmpty());
+    EXPECT_FALSE(form.currentID().has_value());
+}
+
+// Every control carries its name and an accessible name, and every field its label.
+TEST(InvoiceForms, ControlsAreNamedAndLabelled) {
+    frmFactuurBewerken editor;
+    frmFacturen list;
+    for (QWidget* form : {static_cast<QWidget*>(&editor), static_cast<QWidget*>(&list)}) {
+        for (QWidget* control : form->findChildren<QWidget*>()) {
+            if (qobject_cast<QPushButton*>(control) || qobject_cast<QLineEdit*>(control) ||
+                qobject_cast<ListGrid*>(control)) {
+                EXPECT_FALSE(control->accessibleName().isEmpty())
+                    << control->objectName().toStdString();
+            }
+        }
+    }
+    EXPECT_EQ(child<QLabel>(editor, "lblNummer").buddy(), &child<QLineEdit>(editor, "txtNummer"));
+    EXPECT_EQ(child<QLabel>(editor, "lblDatum").buddy(), &child<QLineEdit>(editor, "txtDatum"));
+    EXPECT_EQ(child<QLabel>(list, "lblZoek").buddy(), &child<QLineEdit>(list, "txtZoek"));
+}
+
+}  // namespace
