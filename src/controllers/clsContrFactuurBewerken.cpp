@@ -6,6 +6,7 @@
 #include "base/Conversions.h"
 #include "base/Regional.h"
 #include "base/UiService.h"
+#include "controllers/ListRows.h"
 #include "controllers/Trapped.h"
 #include "controllers/ViewFactory.h"
 #include "controllers/clsControllerArtikel.h"
@@ -18,10 +19,6 @@
 namespace {
 
 const QString kNummerCaption = QStringLiteral("Factuurnummer");
-
-QString listCell(const QString& text) {
-    return text.contains(u'\t') ? QString(text).replace(u'\t', u' ') : text;
-}
 
 QString joined(const QStringList& parts) {
     QStringList present;
@@ -221,15 +218,11 @@ void clsContrFactuurBewerken::ArtikelenVerwijderen(const QList<qint32>& ids) {
     trapped([&] {
         if (ids.isEmpty())
             return;
-        const QString question =
-            ids.size() == 1 ? QStringLiteral(
-                                  "Weet u zeker dat u het geselecteerde artikel/uur wilt "
-                                  "verwijderen?")
-                            : QStringLiteral(
-                                  "Weet u zeker dat u de geselecteerde artikelen/uren wilt "
-                                  "verwijderen?");
-        if (ui::message(question, QStringLiteral("Verwijderen module(n)"), ui::Icon::Question,
-                        ui::Buttons::YesNo, ui::Answer::No) != ui::Answer::Yes)
+        if (!confirmRemoval(ids.size(),
+                            QStringLiteral("Weet u zeker dat u het geselecteerde artikel/uur wilt "
+                                           "verwijderen?"),
+                            QStringLiteral("Weet u zeker dat u de geselecteerde artikelen/uren "
+                                           "wilt verwijderen?")))
             return;
         removeLines(ids);
     });
@@ -346,23 +339,19 @@ void clsContrFactuurBewerken::refreshView() {
 }
 
 void clsContrFactuurBewerken::fillGrid() {
-    m_View->beginFill({QStringLiteral("Artikelnummer"), QStringLiteral("Omschrijving"),
-                       QStringLiteral("Eenheid"), QStringLiteral("Prijs per stuk"),
-                       QStringLiteral("Aantal"), QStringLiteral("BTW"), QStringLiteral("Korting"),
-                       QStringLiteral("Totaal prijs")});
-    struct EndFill {
-        IFactuurBewerkenView& view;
-        ~EndFill() { view.endFill(); }
-    } endFill{*m_View};
-    const QChar tab(u'\t');
+    const ListFill fill(*m_View,
+                        QStringList{QStringLiteral("Artikelnummer"), QStringLiteral("Omschrijving"),
+                                    QStringLiteral("Eenheid"), QStringLiteral("Prijs per stuk"),
+                                    QStringLiteral("Aantal"), QStringLiteral("BTW"),
+                                    QStringLiteral("Korting"), QStringLiteral("Totaal prijs")});
     for (const clsObjArtikelPerFactuur& line : m_Factuur.ArtikelenPerFactuur()) {
         const clsObjArtikel artikel = line.Artikel();
         m_View->addRow(
-            listCell(artikel.Nummer()) % tab % listCell(artikel.Omschrijving()) % tab %
-                listCell(artikel.Eenheid()) % tab % Regional::currencyText(line.Prijs()) % tab %
-                Regional::numberText(line.Aantal()) % tab % Regional::numberText(line.BTWTarief()) %
-                u'%' % tab % Regional::numberText(line.Korting()) % u'%' % tab %
-                Regional::currencyText(line.TotaalPrijs()),
+            listRow({artikel.Nummer(), artikel.Omschrijving(), artikel.Eenheid(),
+                     Regional::currencyText(line.Prijs()), Regional::numberText(line.Aantal()),
+                     Regional::numberText(line.BTWTarief()) % u'%',
+                     Regional::numberText(line.Korting()) % u'%',
+                     Regional::currencyText(line.TotaalPrijs())}),
             line.artikelID());
     }
 }

@@ -5,6 +5,7 @@
 #include "base/Conversions.h"
 #include "base/Regional.h"
 #include "base/UiService.h"
+#include "controllers/ListRows.h"
 #include "controllers/Trapped.h"
 #include "controllers/ViewFactory.h"
 #include "controllers/clsContrArtikelBewerken.h"
@@ -15,11 +16,6 @@
 namespace {
 
 const QString kGeenArtikel = QStringLiteral("Er is geen artikel geselecteerd.");
-
-// A cell of a list row: a tab inside a text would split the row's cells.
-QString cell(const QString& text) {
-    return text.contains(QLatin1Char('\t')) ? QString(text).replace(QLatin1Char('\t'), u' ') : text;
-}
 
 bool validDiscount(const QString& text) {
     if (!conv::isNumeric(text))
@@ -62,21 +58,16 @@ void clsControllerArtikel::fillGrid() {
         return;
     const QList<clsObjArtikel> artikelen = clsObjArtikel().Lijst(listFilter());
     const clsObjBTW btw = clsObjBTW::rowInUse();
-    view_->beginFill({QStringLiteral("Artikelnummer"), QStringLiteral("Omschrijving"),
-                      QStringLiteral("Eenheid"), QStringLiteral("Prijs"),
-                      QStringLiteral("BTW tarief")});
-    // However the fill ends, the grid is drawn again.
-    struct EndFill {
-        IArtikelView& view;
-        ~EndFill() { view.endFill(); }
-    } endFill{*view_};
-    const QChar tab(u'\t');
+    const ListFill fill(*view_,
+                        QStringList{QStringLiteral("Artikelnummer"), QStringLiteral("Omschrijving"),
+                                    QStringLiteral("Eenheid"), QStringLiteral("Prijs"),
+                                    QStringLiteral("BTW tarief")});
     for (const clsObjArtikel& artikel : artikelen) {
-        view_->addRow(cell(artikel.Nummer()) % tab % cell(artikel.Omschrijving()) % tab %
-                          cell(artikel.Eenheid()) % tab % Regional::currencyText(artikel.Prijs()) %
-                          tab % Regional::numberText(btw.GeefBTWPercentage(artikel.BTWTarief())) %
-                          u'%',
-                      artikel.artikelID());
+        view_->addRow(
+            listRow({artikel.Nummer(), artikel.Omschrijving(), artikel.Eenheid(),
+                     Regional::currencyText(artikel.Prijs()),
+                     Regional::numberText(btw.GeefBTWPercentage(artikel.BTWTarief())) % u'%'}),
+            artikel.artikelID());
     }
 }
 
@@ -92,15 +83,11 @@ void clsControllerArtikel::VerwijderArtikelen() {
                         QStringLiteral("Artikel verwijderen"), ui::Icon::Information);
             return;
         }
-        const QString question =
-            ids.size() == 1 ? QStringLiteral(
-                                  "Weet u zeker dat u het geselecteerde artikel/uur wilt "
-                                  "verwijderen?")
-                            : QStringLiteral(
-                                  "Weet u zeker dat u de geselecteerde artikelen/uren wilt "
-                                  "verwijderen?");
-        if (ui::message(question, QStringLiteral("Verwijderen module(n)"), ui::Icon::Question,
-                        ui::Buttons::YesNo, ui::Answer::No) != ui::Answer::Yes)
+        if (!confirmRemoval(ids.size(),
+                            QStringLiteral("Weet u zeker dat u het geselecteerde artikel/uur wilt "
+                                           "verwijderen?"),
+                            QStringLiteral("Weet u zeker dat u de geselecteerde artikelen/uren "
+                                           "wilt verwijderen?")))
             return;
         for (const qint32 id : ids) {
             // Only the key and the flag are set: the hidden row is written blank.

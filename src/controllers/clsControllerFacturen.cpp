@@ -8,6 +8,7 @@
 #include "base/Error.h"
 #include "base/Regional.h"
 #include "base/UiService.h"
+#include "controllers/ListRows.h"
 #include "controllers/Trapped.h"
 #include "controllers/ViewFactory.h"
 #include "controllers/clsContrFactuurBewerken.h"
@@ -21,15 +22,6 @@ namespace {
 
 // The highest number the invoice templates print in full.
 constexpr qint32 kHighestPrintableNumber = 999999999;
-
-QString listCell(const QString& text) {
-    return text.contains(u'\t') ? QString(text).replace(u'\t', u' ') : text;
-}
-
-bool askDelete(const QString& question) {
-    return ui::message(question, QStringLiteral("Verwijderen module(n)"), ui::Icon::Question,
-                       ui::Buttons::YesNo, ui::Answer::No) == ui::Answer::Yes;
-}
 
 qint16 templateNumber() {
     const QList<clsObjInstellingen> settings = clsObjInstellingen().Lijst(QString());
@@ -102,20 +94,15 @@ void clsControllerFacturen::fillGrid() {
     if (!view_)
         return;
     const QList<clsObjFactuur> facturen = clsObjFactuur().Lijst(QString());
-    view_->beginFill({QStringLiteral("Factuurnummer"), QStringLiteral("Klantnaam"),
-                      QStringLiteral("Datum"), QStringLiteral("Totaal prijs")});
-    // However the fill ends, the grid is drawn again.
-    struct EndFill {
-        IFacturenView& view;
-        ~EndFill() { view.endFill(); }
-    } endFill{*view_};
+    const ListFill fill(*view_,
+                        QStringList{QStringLiteral("Factuurnummer"), QStringLiteral("Klantnaam"),
+                                    QStringLiteral("Datum"), QStringLiteral("Totaal prijs")});
     ShortDates dates;
-    const QChar tab(u'\t');
     for (const clsObjFactuur& factuur : facturen) {
-        view_->addRow(listCell(factuur.Nummer()) % tab % listCell(factuur.Klantnaam()) % tab %
-                          dates.text(factuur.Datum().date()) % tab %
-                          Regional::currencyText(factuur.TotaalPrijs()),
-                      factuur.FactuurId());
+        view_->addRow(
+            listRow({factuur.Nummer(), factuur.Klantnaam(), dates.text(factuur.Datum().date()),
+                     Regional::currencyText(factuur.TotaalPrijs())}),
+            factuur.FactuurId());
     }
 }
 
@@ -123,11 +110,10 @@ void clsControllerFacturen::VerwijderFactuur(const QList<qint32>& ids) {
     trapped([&] {
         if (ids.isEmpty())
             return;
-        const QString question =
-            ids.size() == 1
-                ? QStringLiteral("Weet u zeker dat u de geselecteerde factuur wilt verwijderen?")
-                : QStringLiteral("Weet u zeker dat u de geselecteerde facturen wilt verwijderen?");
-        if (!askDelete(question))
+        if (!confirmRemoval(
+                ids.size(),
+                QStringLiteral("Weet u zeker dat u de geselecteerde factuur wilt verwijderen?"),
+                QStringLiteral("Weet u zeker dat u de geselecteerde facturen wilt verwijderen?")))
             return;
         // Only the invoice row goes: the stock its lines took stays taken.
         for (const qint32 id : ids) {

@@ -4,6 +4,7 @@
 #include <QStringBuilder>
 
 #include "base/UiService.h"
+#include "controllers/ListRows.h"
 #include "controllers/Trapped.h"
 #include "controllers/ViewFactory.h"
 #include "controllers/clsContrKlantBewerken.h"
@@ -11,11 +12,6 @@
 namespace {
 
 const QString kGeenKlant = QStringLiteral("Er is geen klant geselecteerd.");
-
-// A cell of a list row: a tab inside a text would split the row's cells.
-QString cell(const QString& text) {
-    return text.contains(QLatin1Char('\t')) ? QString(text).replace(QLatin1Char('\t'), u' ') : text;
-}
 
 const QList<GridColumn>& columns() {
     static const QList<GridColumn> columns{
@@ -33,14 +29,13 @@ const QList<GridColumn>& columns() {
 // The row of the list: the contact person keeps one blank between each of its parts, even
 // when a part is empty.
 QString rowText(const clsObjKlant& klant) {
-    const QChar tab(u'\t');
     const QChar blank(u' ');
-    return cell(klant.Bedrijfsnaam()) % tab %
-           (klant.Dhr() ? QStringLiteral("Dhr.") : QStringLiteral("Mevr.")) % blank %
-           cell(klant.Voorletters()) % blank % cell(klant.Tussenvoegsel()) % blank %
-           cell(klant.Achternaam()) % tab % cell(klant.Adres()) % tab % cell(klant.Postcode()) %
-           tab % cell(klant.Plaats()) % tab % cell(klant.Telefoon()) % tab %
-           (klant.BTW() ? QStringLiteral("<JA>") : QString());
+    return listRow({klant.Bedrijfsnaam(),
+                    (klant.Dhr() ? QStringLiteral("Dhr.") : QStringLiteral("Mevr.")) % blank %
+                        klant.Voorletters() % blank % klant.Tussenvoegsel() % blank %
+                        klant.Achternaam(),
+                    klant.Adres(), klant.Postcode(), klant.Plaats(), klant.Telefoon(),
+                    klant.BTW() ? QStringLiteral("<JA>") : QString()});
 }
 
 }  // namespace
@@ -87,12 +82,7 @@ void clsControllerKlant::fillGrid() {
     if (!view_)
         return;
     klanten_ = clsObjKlant().Lijst(QStringLiteral("Zichtbaar = true"));
-    view_->beginFill(columns());
-    // However the fill ends, the grid is drawn again.
-    struct EndFill {
-        IKlantView& view;
-        ~EndFill() { view.endFill(); }
-    } endFill{*view_};
+    const ListFill fill(*view_, columns());
     for (const clsObjKlant& klant : klanten_) view_->addRow(rowText(klant), klant.KlantID());
 }
 
@@ -100,12 +90,10 @@ void clsControllerKlant::VerwijderKlant(const QList<qint32>& ids) {
     trapped([this, &ids] {
         if (ids.isEmpty())
             return;
-        const QString question =
-            ids.size() == 1
-                ? QStringLiteral("Weet u zeker dat u de geselecteerde klant wilt verwijderen?")
-                : QStringLiteral("Weet u zeker dat u de geselecteerde klanten wilt verwijderen?");
-        if (ui::message(question, QStringLiteral("Verwijderen module(n)"), ui::Icon::Question,
-                        ui::Buttons::YesNo, ui::Answer::No) != ui::Answer::Yes)
+        if (!confirmRemoval(
+                ids.size(),
+                QStringLiteral("Weet u zeker dat u de geselecteerde klant wilt verwijderen?"),
+                QStringLiteral("Weet u zeker dat u de geselecteerde klanten wilt verwijderen?")))
             return;
         // One blank record serves every row: each hidden row is written empty but for its
         // key, so invoices of a removed customer no longer show who it was.
