@@ -12,6 +12,7 @@
 #include "controllers/Trapped.h"
 #include "controllers/ViewFactory.h"
 #include "controllers/clsContrFactuurBewerken.h"
+#include "exchange/ubl/UblExport.h"
 #include "printing/clsObjSjabloon.h"
 #include "records/clsObjBTW.h"
 #include "records/clsObjFactuur.h"
@@ -171,35 +172,48 @@ void clsControllerFacturen::BewerkenFactuur() {
     });
 }
 
+QList<qint32> clsControllerFacturen::selectionOrSay(const QString& text,
+                                                    const QString& caption) const {
+    const QList<qint32> ids = view_ ? view_->selectedIDs() : QList<qint32>();
+    if (ids.isEmpty())
+        ui::message(text, caption, ui::Icon::Information);
+    return ids;
+}
+
 void clsControllerFacturen::BewerkGeselecteerde() {
-    if (!view_ || view_->selectedIDs().isEmpty()) {
-        ui::message(QStringLiteral("Er is geen factuur geselecteerd om te bewerken."),
-                    QStringLiteral("Factuur bewerken"), ui::Icon::Information);
+    if (selectionOrSay(QStringLiteral("Er is geen factuur geselecteerd om te bewerken."),
+                       QStringLiteral("Factuur bewerken"))
+            .isEmpty())
         return;
-    }
     BewerkenFactuur();
 }
 
 void clsControllerFacturen::VerwijderGeselecteerde() {
-    const QList<qint32> ids = view_ ? view_->selectedIDs() : QList<qint32>();
-    if (ids.isEmpty()) {
-        ui::message(QStringLiteral("Er is geen factuur geselecteerd om te verwijderen."),
-                    QStringLiteral("Factuur verwijderen"), ui::Icon::Information);
-        return;
-    }
-    VerwijderFactuur(ids);
+    const QList<qint32> ids =
+        selectionOrSay(QStringLiteral("Er is geen factuur geselecteerd om te verwijderen."),
+                       QStringLiteral("Factuur verwijderen"));
+    if (!ids.isEmpty())
+        VerwijderFactuur(ids);
 }
 
 void clsControllerFacturen::ToonGeselecteerde() {
-    const QList<qint32> ids = view_ ? view_->selectedIDs() : QList<qint32>();
-    if (ids.isEmpty()) {
-        ui::message(QStringLiteral("Er is geen factuur geselecteerd om te tonen."),
-                    QStringLiteral("Factuur tonen"), ui::Icon::Information);
+    const QList<qint32> ids =
+        selectionOrSay(QStringLiteral("Er is geen factuur geselecteerd om te tonen."),
+                       QStringLiteral("Factuur tonen"));
+    if (ids.isEmpty())
         return;
-    }
     QStringList keys;
     for (const qint32 id : ids) keys << QString::number(id);
     OpenSjabloon(keys.join(u','));
+}
+
+// The export checks every invoice, asks the folder and reports the result itself.
+void clsControllerFacturen::EFactuurGeselecteerde() {
+    const QList<qint32> ids = selectionOrSay(
+        QStringLiteral("Er is geen factuur geselecteerd om als e-factuur op te slaan."),
+        QStringLiteral("E-factuur (UBL)"));
+    if (!ids.isEmpty())
+        trapped([&] { exchange::ubl::exportInvoices(ids); });
 }
 
 QList<clsContrFactuurBewerken*> clsControllerFacturen::editors() const {

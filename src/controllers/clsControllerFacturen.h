@@ -34,6 +34,8 @@ public:
     void BewerkGeselecteerde();
     void VerwijderGeselecteerde();
     void ToonGeselecteerde();
+    // "E-factuur (UBL)": the selected invoices as e-invoices in a folder the user chooses.
+    void EFactuurGeselecteerde();
 
     // The number a new invoice is offered: one above the highest, 1 for the first.
     static qint32 VolgendNummer();
@@ -48,6 +50,8 @@ Q_SIGNALS:
 
 private:
     void fillGrid();
+    // The selected invoices, lowest row first; with none the user is told so under caption.
+    QList<qint32> selectionOrSay(const QString& text, const QString& caption) const;
     void openEditor(const clsObjFactuur& factuur);
     void removeEditor(clsContrFactuurBewerken* editor);
 

@@ -30,6 +30,7 @@ frmFacturen::frmFacturen(QWidget* parent)
     forward(ui_->cmdBewerk, &clsControllerFacturen::BewerkGeselecteerde);
     forward(ui_->cmdVerwijder, &clsControllerFacturen::VerwijderGeselecteerde);
     forward(ui_->cmdToon, &clsControllerFacturen::ToonGeselecteerde);
+    forward(ui_->cmdEFactuur, &clsControllerFacturen::EFactuurGeselecteerde);
     forward(ui_->cmdOK, &clsControllerFacturen::Annuleren);
     connect(ui_->fgrFacturen, &ListGrid::gridDoubleClicked, this, [this] {
         if (controller_)

@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
 
 #include "RecordingUiService.h"
 #include "TestDatabase.h"
@@ -528,13 +531,87 @@ TEST_P(InvoiceButtonTest, SaysSoWhenNothingIsSelected) {
 
 INSTANTIATE_TEST_SUITE_P(
     Buttons, InvoiceButtonTest,
-    testing::Values(
-        EmptySelection{&clsControllerFacturen::BewerkGeselecteerde,
-                       "Er is geen factuur geselecteerd om te bewerken.", "Factuur bewerken"},
-        EmptySelection{&clsControllerFacturen::VerwijderGeselecteerde,
-                       "Er is geen factuur geselecteerd om te verwijderen.", "Factuur verwijderen"},
-        EmptySelection{&clsControllerFacturen::ToonGeselecteerde,
-                       "Er is geen factuur geselecteerd om te tonen.", "Factuur tonen"}));
+    testing::Values(EmptySelection{&clsControllerFacturen::BewerkGeselecteerde,
+                                   "Er is geen factuur geselecteerd om te bewerken.",
+                                   "Factuur bewerken"},
+                    EmptySelection{&clsControllerFacturen::VerwijderGeselecteerde,
+                                   "Er is geen factuur geselecteerd om te verwijderen.",
+                                   "Factuur verwijderen"},
+                    EmptySelection{&clsControllerFacturen::ToonGeselecteerde,
+                                   "Er is geen factuur geselecteerd om te tonen.", "Factuur tonen"},
+                    EmptySelection{&clsControllerFacturen::EFactuurGeselecteerde,
+                                   "Er is geen factuur geselecteerd om als e-factuur op te slaan.",
+                                   "E-factuur (UBL)"}));
+
+// "E-factuur (UBL)" on the list: invoices saved through the editor, for a customer whose VAT
+// number is its Peppol address.
+class InvoiceEInvoiceTest : public InvoiceTest {
+protected:
+    InvoiceEInvoiceTest() {
+        database.exec(
+            "UPDATE Instellingen SET Bedrijfsnaam='De Linde B.V.', Adres='Kerkstraat 1', "
+            "Postcode='3511 AB', Plaats='Utrecht', Land='Nederland', "
+            "Banknummer='NL91 ABNA 0417 1643 00', BTWNummer='NL001234567B01', "
+            "KVKNummer='12345678'");
+        const qint32 klant = addCustomer("Bakkerij De Linde");
+        database.exec(
+            QString("UPDATE Klant SET Extra='NL009876543B01' WHERE KlantID=%1").arg(klant));
+        const qint32 artikel = addArticle({"S1", 12500, 100});
+        for (const char* aantal : {"1", "2", "3"}) {
+            clsContrFactuurBewerken& editor = newInvoice();
+            chooseCustomer(editor, klant);
+            pick(editor, artikel, aantal);
+            editor.Opslaan();
+            settle();
+            ids << database.scalar("SELECT MAX(FactuurID) FROM Factuur").toInt();
+        }
+        list.StartFacturen();
+        ui.messages.clear();
+    }
+    QString numberOf(qint32 id) const {
+        return database.scalar(QString("SELECT Nummer FROM Factuur WHERE FactuurID=%1").arg(id))
+            .toString();
+    }
+    QStringList writtenFiles() const {
+        return QDir(folder.path()).entryList(QDir::Files, QDir::Name);
+    }
+
+    QList<qint32> ids;
+    QTemporaryDir folder;
+};
+
+TEST_F(InvoiceEInvoiceTest, WritesOneFilePerSelectedInvoiceIntoTheChosenFolder) {
+    screens.list->grid.selection = {ids[1], ids[2]};
+    ui.foldersToChoose.enqueue(folder.path());
+    list.EFactuurGeselecteerde();
+    EXPECT_EQ(ui.folderPrompts.size(), 1);
+    EXPECT_EQ(writtenFiles(), QStringList({numberOf(ids[1]) + ".xml", numberOf(ids[2]) + ".xml"}));
+    expectLastMessage(
+        "2 e-facturen opgeslagen in de map " + QDir::toNativeSeparators(folder.path()) + ".",
+        "E-factuur (UBL)", ui::Icon::Information);
+    const QByteArray xml = [&] {
+        QFile file(folder.filePath(numberOf(ids[2]) + ".xml"));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }();
+    const QByteArray id = "<cbc:ID>" + numberOf(ids[2]).toUtf8() + "</cbc:ID>";
+    EXPECT_TRUE(xml.contains(id)) << xml.left(600).toStdString();
+}
+
+// Without the company's KvK number no invoice can become an e-invoice: the user hears which
+// field is missing before a folder is asked, and nothing is written.
+TEST_F(InvoiceEInvoiceTest, AMissingKvkNumberIsNamedAndNothingIsWritten) {
+    database.exec("UPDATE Instellingen SET KVKNummer=''");
+    screens.list->grid.selection = {ids[0]};
+    ui.foldersToChoose.enqueue(folder.path());
+    list.EFactuurGeselecteerde();
+    ASSERT_EQ(ui.messages.size(), 1);
+    EXPECT_TRUE(ui.lastMessage().text.contains("KVK nummer"))
+        << ui.lastMessage().text.toStdString();
+    EXPECT_EQ(ui.lastMessage().caption, "E-factuur (UBL)");
+    EXPECT_EQ(ui.lastMessage().icon, ui::Icon::Exclamation);
+    EXPECT_TRUE(ui.folderPrompts.isEmpty());
+    EXPECT_TRUE(writtenFiles().isEmpty());
+}
 
 TEST_F(InvoiceTest, ATemplateNumberOfSevenOrMoreIsNotFound) {
     for (const int sjabloon : {7, 12}) {

@@ -9,6 +9,9 @@
 #include <QTimer>
 
 #include "RecordingUiService.h"
+#include "TestDatabase.h"
+#include "controllers/ViewFactory.h"
+#include "controllers/clsControllerFacturen.h"
 #include "views/ListGrid.h"
 #include "views/frmFacturen.h"
 #include "views/frmFactuurBewerken.h"
@@ -177,6 +180,56 @@ TEST(InvoiceForms, ControlsAreNamedAndLabelled) {
     EXPECT_EQ(child<QLabel>(editor, "lblNummer").buddy(), &child<QLineEdit>(editor, "txtNummer"));
     EXPECT_EQ(child<QLabel>(editor, "lblDatum").buddy(), &child<QLineEdit>(editor, "txtDatum"));
     EXPECT_EQ(child<QLabel>(list, "lblZoek").buddy(), &child<QLineEdit>(list, "txtZoek"));
+}
+
+// The list as its controller made it, through the program's own factory for it.
+struct ListOnly : InvoiceViewFactory {
+    frmFacturen* list = nullptr;
+    ScopedViews<InvoiceViewFactory> installed{this};
+    std::unique_ptr<IFacturenView> createFacturen() override {
+        auto made = std::make_unique<frmFacturen>();
+        list = made.get();
+        return made;
+    }
+    std::unique_ptr<IFactuurBewerkenView> createFactuurBewerken() override { return nullptr; }
+};
+
+// "E-factuur (UBL)" sits after Tonen in the tab order and hands the invoices selected by
+// dragging upwards to the export in row order. The keys are of no stored invoice, so the
+// export's refusal names them in the order it got them.
+TEST(InvoiceListForm, TheEInvoiceButtonForwardsTheSelectedInvoices) {
+    TestDatabase database;
+    database.exec(
+        "UPDATE Instellingen SET Bedrijfsnaam='De Linde B.V.', Adres='Kerkstraat 1', "
+        "Postcode='3511 AB', Plaats='Utrecht', Banknummer='NL91ABNA0417164300', "
+        "BTWNummer='NL001234567B01', KVKNummer='12345678'");
+    RecordingUiService ui;
+    ListOnly screens;
+    clsControllerFacturen controller;
+    controller.StartFacturen();
+    ASSERT_NE(screens.list, nullptr);
+    frmFacturen& form = *screens.list;
+    auto& button = child<QPushButton>(form, "cmdEFactuur");
+    EXPECT_EQ(button.text(), "&E-factuur (UBL)");
+    EXPECT_FALSE(button.accessibleName().isEmpty());
+    EXPECT_EQ(child<QPushButton>(form, "cmdToon").nextInFocusChain(), &button);
+
+    form.beginFill({"Factuurnummer", "Klantnaam", "Datum", "Totaal prijs"});
+    for (const qint32 key : {41, 42, 43, 44, 45})
+        form.addRow(QString("%1\tKlant\t01-01-2026\t€ 1,00").arg(key), key);
+    form.endFill();
+    auto& grid = child<ListGrid>(form, "fgrFacturen");
+    grid.setCurrentRow(4);
+    grid.setSelectionEndRow(2);
+    button.click();
+    ASSERT_EQ(ui.messages.size(), 1);
+    EXPECT_EQ(ui.lastMessage().text,
+              "Er zijn geen e-facturen gemaakt.\r\n"
+              "De factuur met sleutel 42 bestaat niet meer.\r\n"
+              "De factuur met sleutel 43 bestaat niet meer.\r\n"
+              "De factuur met sleutel 44 bestaat niet meer.");
+    EXPECT_EQ(ui.lastMessage().caption, "E-factuur (UBL)");
+    EXPECT_TRUE(ui.folderPrompts.isEmpty());
 }
 
 }  // namespace
