@@ -284,8 +284,8 @@ TEST_F(ArticleTest, ANewArticleIsStoredAndTheListRefilled) {
     edit.tarief = 2;
     edit.negatief = true;
     edit.controller->Opslaan();
-    settle();
     EXPECT_FALSE(edit.visible);
+    settle();
     EXPECT_EQ(controller.editController(), nullptr) << "released after the save";
     ASSERT_EQ(count(), 1);
     const qint32 id = database.scalar("SELECT ArtikelID FROM Artikel").toInt();
