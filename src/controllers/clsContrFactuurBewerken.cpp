@@ -1,11 +1,11 @@
 #include "controllers/clsContrFactuurBewerken.h"
 
-#include <QMetaObject>
 #include <algorithm>
 
 #include "base/Conversions.h"
 #include "base/Regional.h"
 #include "base/UiService.h"
+#include "controllers/BackInLoop.h"
 #include "controllers/ListRows.h"
 #include "controllers/Trapped.h"
 #include "controllers/ViewFactory.h"
@@ -325,8 +325,7 @@ void clsContrFactuurBewerken::backToFront() {
 
 template <class Register>
 void clsContrFactuurBewerken::dropLater(std::unique_ptr<Register>& picker) {
-    QMetaObject::invokeMethod(
-        &m_Events, [&picker] { picker.reset(); }, Qt::QueuedConnection);
+    whenBackInLoop(m_Events, [&picker] { picker.reset(); });
 }
 
 // The customer, the lines and the totals; number and date stay as the user typed them.

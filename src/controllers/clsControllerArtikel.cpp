@@ -1,10 +1,9 @@
 #include "controllers/clsControllerArtikel.h"
 
-#include <QMetaObject>
-
 #include "base/Conversions.h"
 #include "base/Regional.h"
 #include "base/UiService.h"
+#include "controllers/BackInLoop.h"
 #include "controllers/ListRows.h"
 #include "controllers/Trapped.h"
 #include "controllers/ViewFactory.h"
@@ -189,13 +188,10 @@ void clsControllerArtikel::startEdit(std::optional<clsObjArtikel> artikel) {
     // control is back in the event loop, unless another edit has replaced it by then.
     const quint64 edit = ++editNumber_;
     edit_->setOnClosed([this, edit] {
-        QMetaObject::invokeMethod(
-            this,
-            [this, edit] {
-                if (editNumber_ == edit)
-                    edit_.reset();
-            },
-            Qt::QueuedConnection);
+        whenBackInLoop(*this, [this, edit] {
+            if (editNumber_ == edit)
+                edit_.reset();
+        });
     });
     edit_->StartArtikelBewerken(artikel);
 }

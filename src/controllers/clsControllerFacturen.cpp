@@ -1,13 +1,13 @@
 #include "controllers/clsControllerFacturen.h"
 
 #include <QHash>
-#include <QMetaObject>
 #include <algorithm>
 
 #include "base/Conversions.h"
 #include "base/Error.h"
 #include "base/Regional.h"
 #include "base/UiService.h"
+#include "controllers/BackInLoop.h"
 #include "controllers/ListRows.h"
 #include "controllers/Trapped.h"
 #include "controllers/ViewFactory.h"
@@ -232,9 +232,9 @@ void clsControllerFacturen::openEditor(const clsObjFactuur& factuur) {
 }
 
 void clsControllerFacturen::editorClosed(clsContrFactuurBewerken* editor) {
-    // The editor reports from inside its own operation, which goes on after the report.
-    QMetaObject::invokeMethod(
-        this, [this, editor] { removeEditor(editor); }, Qt::QueuedConnection);
+    // The editor reports from inside its own operation, which goes on after the report,
+    // possibly into a message box whose loop must not delete the editor under it.
+    whenBackInLoop(*this, [this, editor] { removeEditor(editor); });
 }
 
 void clsControllerFacturen::removeEditor(clsContrFactuurBewerken* editor) {

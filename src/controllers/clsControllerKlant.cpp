@@ -1,9 +1,9 @@
 #include "controllers/clsControllerKlant.h"
 
-#include <QMetaObject>
 #include <QStringBuilder>
 
 #include "base/UiService.h"
+#include "controllers/BackInLoop.h"
 #include "controllers/ListRows.h"
 #include "controllers/Trapped.h"
 #include "controllers/ViewFactory.h"
@@ -183,13 +183,10 @@ void clsControllerKlant::startEdit(const clsObjKlant& klant) {
     // control is back in the event loop, unless another edit has replaced it by then.
     const quint64 edit = ++editNumber_;
     edit_->setOnClosed([this, edit] {
-        QMetaObject::invokeMethod(
-            this,
-            [this, edit] {
-                if (editNumber_ == edit)
-                    edit_.reset();
-            },
-            Qt::QueuedConnection);
+        whenBackInLoop(*this, [this, edit] {
+            if (editNumber_ == edit)
+                edit_.reset();
+        });
     });
     edit_->StartKlantBewerken(klant);
 }

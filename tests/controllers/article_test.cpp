@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
+#include <QEventLoop>
 #include <QSignalSpy>
+#include <QTimer>
 
 #include "RecordingUiService.h"
 #include "TestDatabase.h"
@@ -171,7 +173,10 @@ protected:
         }
         return *screens.edit;
     }
-    static void settle() { QCoreApplication::sendPostedEvents(); }
+    static void settle() {
+        QCoreApplication::sendPostedEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
 
     TestDatabase database;
     RecordingUiService ui;
@@ -279,8 +284,8 @@ TEST_F(ArticleTest, ANewArticleIsStoredAndTheListRefilled) {
     edit.tarief = 2;
     edit.negatief = true;
     edit.controller->Opslaan();
-    settle();
     EXPECT_FALSE(edit.visible);
+    settle();
     EXPECT_EQ(controller.editController(), nullptr) << "released after the save";
     ASSERT_EQ(count(), 1);
     const qint32 id = database.scalar("SELECT ArtikelID FROM Artikel").toInt();
@@ -354,6 +359,26 @@ TEST_F(ArticleTest, StockConfirmedInTheDialogStaysWrittenWhenTheEditIsCancelled)
     EXPECT_EQ(column(id, "Voorraad").toInt(), 12);
     EXPECT_EQ(count(), 1) << "the cancelled edit made no row";
     EXPECT_TRUE(ui.messages.isEmpty());
+}
+
+// A message box opened after the edit screen closed runs a loop of its own while the code
+// that closed the screen is still on the stack: the edit goes only after that.
+TEST_F(ArticleTest, AClosedEditScreenOutlivesAMessageBoxOpenedAfterIt) {
+    FakeEdit& edit = openEdit();
+    bool keptDuringTheBox = false;
+    QEventLoop program;
+    QTimer::singleShot(0, [&] {
+        edit.controller->Annuleren();
+        QEventLoop box;
+        QTimer::singleShot(0, &box, &QEventLoop::quit);
+        box.exec();
+        keptDuringTheBox = controller.editController() != nullptr;
+        program.quit();
+    });
+    program.exec();
+    settle();
+    EXPECT_TRUE(keptDuringTheBox);
+    EXPECT_EQ(controller.editController(), nullptr);
 }
 
 TEST_F(ArticleTest, ThePercentageLabelFollowsTheVatClass) {

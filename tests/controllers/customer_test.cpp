@@ -159,7 +159,7 @@ protected:
         ASSERT_NE(screens.edit, nullptr);
         screens.edit->texts[KlantVeld::Bedrijfsnaam] = to;
         screens.edit->controller->Opslaan();
-        QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
     TestDatabase database;
@@ -258,7 +258,7 @@ TEST_F(CustomerTest, NewCustomerIsStoredVisibleAndCancelStoresNothing) {
     controller.NieuwKlant();
     screens.edit->texts[KlantVeld::Bedrijfsnaam] = "Nieuw";
     screens.edit->controller->Annuleren();
-    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(count("1=1"), 0);
     EXPECT_EQ(controller.editController(), nullptr);
 
@@ -269,7 +269,7 @@ TEST_F(CustomerTest, NewCustomerIsStoredVisibleAndCancelStoresNothing) {
     edit.setDhr(false);
     edit.controller->Opslaan();
     EXPECT_FALSE(edit.visible);
-    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(count("Zichtbaar=1 AND Bedrijfsnaam='Fietsenmaker' AND Achternaam='Wiel' AND "
                     "Dhr=0 AND BTW=0 AND Land=''"),
               1);

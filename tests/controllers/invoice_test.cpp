@@ -2,8 +2,10 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QEventLoop>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QTimer>
 
 #include "RecordingUiService.h"
 #include "TestDatabase.h"
@@ -278,7 +280,11 @@ protected:
     }
     // The total the editor shows last below its grid: the amount including VAT.
     QString shownTotal() const { return screens.editor->totals.last().second; }
-    static void settle() { QCoreApplication::sendPostedEvents(); }
+    // Control back in the loop: what waits for it (a closed screen going) has run.
+    static void settle() {
+        QCoreApplication::sendPostedEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
 
     TestDatabase database;
     RecordingUiService ui;
@@ -457,6 +463,42 @@ TEST_F(InvoiceTest, CancellingANewInvoiceLeavesTheStockTakenAndStoresNothing) {
     EXPECT_EQ(stock(artikel), 7);
     EXPECT_EQ(stored("SELECT COUNT(*) FROM Factuur"), 0);
     EXPECT_TRUE(list.editors().isEmpty());
+}
+
+// A message box or a modal dialog runs a loop of its own while the code that opened it is
+// still on the stack. A picker or an editor that closed before must outlive that loop: the
+// screen's handler and the field checks queued behind it still use them.
+TEST_F(InvoiceTest, AClosedScreenGoesOnlyWhenItsOwnLoopHasControlAgain) {
+    const qint32 artikel = addArticle({"A", 10000, 10});
+    const qint32 klant = addCustomer("Klant");
+    clsContrFactuurBewerken& editor = newInvoice();
+    chooseCustomer(editor, klant);
+    const auto messageBoxLoop = [] {
+        QEventLoop box;
+        QTimer::singleShot(0, &box, &QEventLoop::quit);
+        box.exec();
+    };
+    bool pickerKept = false;
+    bool editorKept = false;
+    QEventLoop program;
+    // Run from the program's loop, as a click on OK is.
+    QTimer::singleShot(0, [&] {
+        editor.ArtikelToevoegen();
+        articles.list->selection = {artikel};
+        editor.artikelController()->Selecteren();
+        messageBoxLoop();
+        pickerKept = editor.artikelController() != nullptr;
+        editor.Opslaan();
+        messageBoxLoop();
+        editorKept = list.editors().size() == 1;
+        program.quit();
+    });
+    program.exec();
+    settle();
+    EXPECT_TRUE(pickerKept);
+    EXPECT_TRUE(editorKept);
+    EXPECT_TRUE(list.editors().isEmpty());
+    EXPECT_EQ(stored("SELECT Aantal FROM ArtikelPerFactuur"), 1);
 }
 
 TEST_F(InvoiceTest, SavingRefusesAnInvalidDateOrNoCustomerAndKeepsTheEditorOpen) {

@@ -180,7 +180,7 @@ TEST_F(ArticleScreenTest, EscapeCancelsTheEditScreenWithoutSaving) {
     QPointer<frmArtikelBewerken> screen(&edit);
     QTest::keyClick(&edit, Qt::Key_Escape);
     EXPECT_FALSE(edit.isVisible());
-    QCoreApplication::sendPostedEvents(nullptr, 0);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(screen.isNull()) << "its controller let it go";
     EXPECT_EQ(visibleArticles(), 5);
 }

@@ -228,7 +228,7 @@ TEST_F(CustomerScreenTest, EditScreenSavesWithEnterAndCancelsWithEscape) {
     EXPECT_EQ(screens.edit->windowTitle(), "Nieuwe klant");
     child<QLineEdit>(screens.edit, "txtBedrijfsnaam")->setText("Niet bewaard");
     QTest::keyClick(screens.edit, Qt::Key_Escape);
-    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(database.scalar("SELECT COUNT(*) FROM Klant").toInt(), 6);
     EXPECT_EQ(controller.editController(), nullptr);
 }
