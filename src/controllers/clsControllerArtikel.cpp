@@ -3,8 +3,8 @@
 #include "base/Conversions.h"
 #include "base/Regional.h"
 #include "base/UiService.h"
-#include "controllers/BackInLoop.h"
 #include "controllers/ListRows.h"
+#include "controllers/OpenEdit.h"
 #include "controllers/Trapped.h"
 #include "controllers/ViewFactory.h"
 #include "controllers/clsContrArtikelBewerken.h"
@@ -25,7 +25,7 @@ bool validDiscount(const QString& text) {
 
 }  // namespace
 
-clsControllerArtikel::clsControllerArtikel() = default;
+clsControllerArtikel::clsControllerArtikel() : edit_(*this) {}
 
 clsControllerArtikel::~clsControllerArtikel() = default;
 
@@ -181,31 +181,11 @@ void clsControllerArtikel::DubbelKlik() {
 }
 
 void clsControllerArtikel::startEdit(std::optional<clsObjArtikel> artikel) {
-    endEdit();
-    edit_ = std::make_unique<clsContrArtikelBewerken>();
-    edit_->setParent(this);
-    // The edit controller reports its end from inside its own operation: it goes once
-    // control is back in the event loop, unless another edit has replaced it by then.
-    const quint64 edit = ++editNumber_;
-    edit_->setOnClosed([this, edit] {
-        whenBackInLoop(*this, [this, edit] {
-            if (editNumber_ == edit)
-                edit_.reset();
-        });
-    });
-    edit_->StartArtikelBewerken(artikel);
-}
-
-void clsControllerArtikel::endEdit() {
-    if (!edit_)
-        return;
-    edit_->setOnClosed({});
-    edit_->Annuleren();
-    edit_.reset();
+    edit_.open(this).StartArtikelBewerken(artikel);
 }
 
 void clsControllerArtikel::closeScreen(bool cancelled, double aantal, double korting) {
-    endEdit();
+    edit_.close();
     if (view_)
         view_->close();
     Q_EMIT SluitArtikel(cancelled, aantal, korting);

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "controllers/ArticleViews.h"
+#include "controllers/OpenEdit.h"
 #include "controllers/RegisterController.h"
 #include "records/clsObjArtikel.h"
 
@@ -52,12 +53,10 @@ private:
     void fillGrid();
     static QString listFilter();
     void startEdit(std::optional<clsObjArtikel> artikel);
-    void endEdit();
     void closeScreen(bool cancelled, double aantal, double korting);
 
     std::unique_ptr<IArtikelView> view_;
-    std::unique_ptr<clsContrArtikelBewerken> edit_;
+    OpenEdit<clsContrArtikelBewerken> edit_;
     std::optional<clsObjArtikel> selected_;
-    quint64 editNumber_ = 0;
     bool selecting_ = false;
 };

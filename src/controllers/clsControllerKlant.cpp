@@ -3,8 +3,8 @@
 #include <QStringBuilder>
 
 #include "base/UiService.h"
-#include "controllers/BackInLoop.h"
 #include "controllers/ListRows.h"
+#include "controllers/OpenEdit.h"
 #include "controllers/Trapped.h"
 #include "controllers/ViewFactory.h"
 #include "controllers/clsContrKlantBewerken.h"
@@ -40,7 +40,7 @@ QString rowText(const clsObjKlant& klant) {
 
 }  // namespace
 
-clsControllerKlant::clsControllerKlant() = default;
+clsControllerKlant::clsControllerKlant() : edit_(*this) {}
 
 clsControllerKlant::~clsControllerKlant() = default;
 
@@ -176,31 +176,11 @@ bool clsControllerKlant::customerChosen(const QString& caption) const {
 }
 
 void clsControllerKlant::startEdit(const clsObjKlant& klant) {
-    endEdit();
-    edit_ = std::make_unique<clsContrKlantBewerken>();
-    edit_->setParent(this);
-    // The edit controller reports its end from inside its own operation: it goes once
-    // control is back in the event loop, unless another edit has replaced it by then.
-    const quint64 edit = ++editNumber_;
-    edit_->setOnClosed([this, edit] {
-        whenBackInLoop(*this, [this, edit] {
-            if (editNumber_ == edit)
-                edit_.reset();
-        });
-    });
-    edit_->StartKlantBewerken(klant);
-}
-
-void clsControllerKlant::endEdit() {
-    if (!edit_)
-        return;
-    edit_->setOnClosed({});
-    edit_->Annuleren();
-    edit_.reset();
+    edit_.open(this).StartKlantBewerken(klant);
 }
 
 void clsControllerKlant::closeScreen(bool cancelled) {
-    endEdit();
+    edit_.close();
     if (view_)
         view_->close();
     Q_EMIT SluitKlant(cancelled);

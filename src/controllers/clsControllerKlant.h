@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "controllers/CustomerViews.h"
+#include "controllers/OpenEdit.h"
 #include "controllers/RegisterController.h"
 #include "controllers/clsContrEtiketten.h"
 #include "records/clsObjKlant.h"
@@ -56,13 +57,11 @@ private:
     void fillGrid();
     bool customerChosen(const QString& caption) const;
     void startEdit(const clsObjKlant& klant);
-    void endEdit();
     void closeScreen(bool cancelled);
 
     std::unique_ptr<IKlantView> view_;
-    std::unique_ptr<clsContrKlantBewerken> edit_;
+    OpenEdit<clsContrKlantBewerken> edit_;
     std::unique_ptr<clsContrEtiketten> enveloppen_;
     QList<clsObjKlant> klanten_;
-    quint64 editNumber_ = 0;
     bool selecting_ = false;
 };
