@@ -92,11 +92,17 @@ struct FakeStock : IVoorraadView {
     void close() override {}
 };
 
+// What the line dialog showed, kept after the controller has dropped the dialog.
+struct LineShown {
+    QString aantal, korting;
+};
+
 struct FakeLine : IBewerkRegelView {
-    QString shownAantal, shownKorting, aantal, korting;
+    LineShown* shown = nullptr;
+    QString aantal, korting;
     bool cancelled = false;
-    void setAantal(const QString& t) override { shownAantal = t; }
-    void setKorting(const QString& t) override { shownKorting = t; }
+    void setAantal(const QString& t) override { shown->aantal = t; }
+    void setKorting(const QString& t) override { shown->korting = t; }
     QString Aantal() const override { return aantal; }
     QString Korting() const override { return korting; }
     void showModal() override {}
@@ -109,7 +115,7 @@ struct Screens : ArticleViewFactory {
     FakeEdit* edit = nullptr;
     FakeStock stockScript;
     FakeLine lineScript;
-    FakeLine* line = nullptr;
+    LineShown lineShown;
     ScopedViews<ArticleViewFactory> installed{this};
 
     std::unique_ptr<IArtikelView> createArtikelList() override {
@@ -127,7 +133,7 @@ struct Screens : ArticleViewFactory {
     }
     std::unique_ptr<IBewerkRegelView> createBewerkRegel() override {
         auto made = std::make_unique<FakeLine>(lineScript);
-        line = made.get();
+        made->shown = &lineShown;
         return made;
     }
 };
@@ -448,8 +454,8 @@ TEST_F(ArticleTest, ChangingALineMovesTheStockDifferenceUnlessCancelled) {
 
     screens.lineScript.cancelled = true;
     controller.BewerkGeselecteerdArtikel(regel);
-    EXPECT_EQ(screens.line->shownAantal, "2,5");
-    EXPECT_EQ(screens.line->shownKorting, "5");
+    EXPECT_EQ(screens.lineShown.aantal, "2,5");
+    EXPECT_EQ(screens.lineShown.korting, "5");
     EXPECT_TRUE(bewerk.isEmpty());
     EXPECT_EQ(column(id, "Voorraad").toInt(), 10);
 
