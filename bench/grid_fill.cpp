@@ -21,13 +21,14 @@ constexpr int runs = 5;
 QStringList makeRows() {
     QStringList rows;
     rows.reserve(rowCount);
-    for (int i = 1; i <= rowCount; ++i)
+    for (int i = 1; i <= rowCount; ++i) {
         rows.append(QStringLiteral("%1\tKlant %2 B.V.\t%3-02-2026\t€ %4,%5")
                         .arg(i)
                         .arg((i * 7919) % rowCount)
                         .arg(1 + i % 28, 2, 10, QChar('0'))
                         .arg(i % 5000)
                         .arg(i % 100, 2, 10, QChar('0')));
+    }
     return rows;
 }
 
@@ -62,8 +63,9 @@ void report(const char* what, QList<double> times) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
     QApplication application(argc, argv);
     const QStringList rows = makeRows();
 

@@ -118,8 +118,9 @@ double addLineToInvoiceOf30(qint32 factuurId, qint32 artikelID) {
     // what is timed is the editor taking the chosen line.
     editor.ArtikelToevoegen();
     const double time = milliseconds([&] { editor.artikelController()->Selecteren(); });
-    if (editor.Factuur().ArtikelenPerFactuur().size() != 31)
+    if (editor.Factuur().ArtikelenPerFactuur().size() != 31) {
         std::fprintf(stderr, "invoice_bench: the line was not added\n");
+    }
     return time;
 }
 
@@ -158,7 +159,9 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "invoice_bench: no invoice of 30 lines in the database\n");
         return 1;
     }
-    for (int run = 0; run < kRuns; ++run) adding << addLineToInvoiceOf30(factuurId, artikelID);
+    for (int run = 0; run < kRuns; ++run) {
+        adding << addLineToInvoiceOf30(factuurId, artikelID);
+    }
     std::printf("one line added to an invoice of 30 lines:       %8.2f ms (median of %d)\n",
                 median(adding), kRuns);
     return 0;

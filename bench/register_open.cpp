@@ -68,8 +68,9 @@ double cliRun(const char* query) {
         QProcess cli;
         cli.setStandardOutputFile(QProcess::nullDevice());
         cli.start(QStringLiteral("sqlite3"), {databaseFile(), QString::fromLatin1(query)});
-        if (!cli.waitForFinished(-1) || cli.exitCode() != 0)
+        if (!cli.waitForFinished(-1) || cli.exitCode() != 0) {
             std::fprintf(stderr, "register_open: sqlite3 failed\n");
+        }
     });
 }
 
@@ -79,8 +80,9 @@ double programRun(Register which) {
         controller->start();
         QCoreApplication::processEvents();
         for (QWidget* window : QApplication::topLevelWidgets()) {
-            if (window->isVisible())
+            if (window->isVisible()) {
                 window->repaint();
+            }
         }
     });
     controller.reset();
@@ -91,8 +93,9 @@ double programRun(Register which) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
     QApplication application(argc, argv);
     if (argc != 2) {
         std::fprintf(stderr, "usage: register_open <folder holding db.daa>\n");

@@ -107,7 +107,9 @@ const Command kCommands[] = {
      true,
      [](const Invocation& call) {
          QList<qint64> numbers;
-         for (const QString& number : call.numbers) numbers.append(number.toLongLong());
+         for (const QString& number : call.numbers) {
+             numbers.append(number.toLongLong());
+         }
          return exchange::ubl::exportInvoiceNumbers(numbers, call.option == "nlcius"
                                                                  ? exchange::ubl::Profile::NlCius
                                                                  : exchange::ubl::Profile::Peppol);
@@ -153,10 +155,11 @@ QString usage() {
         "Gebruik: lindebrug-cli [--yes] [--force] OPDRACHT\n"
         "\n"
         "Opdrachten (op de database db.daa in de map van het programma):\n");
-    for (const Command& command : kCommands)
+    for (const Command& command : kCommands) {
         text += QStringLiteral("  %1 %2\n      %3\n")
                     .arg(QLatin1String(command.name), QLatin1String(command.arguments),
                          QString::fromUtf8(command.description));
+    }
     return text + QStringLiteral(
                       "  --help      deze uitleg\n"
                       "  --version   de versie van het programma\n"
@@ -202,8 +205,9 @@ public:
             answer = yes_ ? ui::Answer::Yes : ui::Answer::No;
         }
         out() << '\n' << Qt::flush;
-        if (!message.details.isEmpty())
+        if (!message.details.isEmpty()) {
             err() << message.details << '\n' << Qt::flush;
+        }
         return answer;
     }
     QString openFile(const QString&, const QString&, const QString&) override { return path_; }
@@ -228,8 +232,9 @@ int usageError(const QString& problem) {
 
 const Command* findCommand(const QString& name) {
     for (const Command& command : kCommands) {
-        if (name.compare(QLatin1String(command.name), Qt::CaseInsensitive) == 0)
+        if (name.compare(QLatin1String(command.name), Qt::CaseInsensitive) == 0) {
             return &command;
+        }
     }
     return nullptr;
 }
@@ -237,20 +242,23 @@ const Command* findCommand(const QString& name) {
 // The register as the program spells it, whatever the letter case typed; empty if unknown.
 QString registerName(const Command& command, const QString& typed) {
     for (const QString& subject : command.subjects) {
-        if (subject.compare(typed, Qt::CaseInsensitive) == 0)
+        if (subject.compare(typed, Qt::CaseInsensitive) == 0) {
             return subject;
+        }
     }
     return QString();
 }
 
 // Takes the command's option out of the arguments; an error text when it is wrong.
 QString readOption(const Command& command, QStringList& arguments, Invocation& call) {
-    if (!command.option.name)
+    if (!command.option.name) {
         return QString();
+    }
     const QString option = QLatin1String(command.option.name);
     const qsizetype at = arguments.indexOf(option);
-    if (at < 0)
+    if (at < 0) {
         return QString();
+    }
     arguments.removeAt(at);
     if (command.option.values.isEmpty()) {
         call.option = option;
@@ -270,25 +278,29 @@ QString readOption(const Command& command, QStringList& arguments, Invocation& c
 // fit the command.
 QString readArguments(const Command& command, QStringList arguments, Invocation& call) {
     const QString name = QLatin1String(command.name);
-    if (const QString problem = readOption(command, arguments, call); !problem.isEmpty())
+    if (const QString problem = readOption(command, arguments, call); !problem.isEmpty()) {
         return problem;
+    }
     const qsizetype fixed = (command.subjects.isEmpty() ? 0 : 1) + 1;
     const bool countFits =
         command.takesNumbers ? arguments.size() > fixed : arguments.size() == fixed;
-    if (!countFits)
+    if (!countFits) {
         return QStringLiteral("Verkeerd aantal argumenten voor ") + name + '.';
+    }
     if (!command.subjects.isEmpty()) {
         call.subject = registerName(command, arguments.first());
-        if (call.subject.isEmpty())
+        if (call.subject.isEmpty()) {
             return QStringLiteral("Onbekende tabel voor ") + name + ": " + arguments.first();
+        }
         arguments.removeFirst();
     }
     const QString last = arguments.takeLast();
     for (const QString& number : std::as_const(arguments)) {
         bool whole = false;
         number.toLongLong(&whole);
-        if (!whole)
+        if (!whole) {
             return QStringLiteral("Geen factuurnummer: ") + number;
+        }
     }
     call.numbers = arguments;
     call.path =
@@ -303,8 +315,9 @@ bool databasePresent() {
                     clsDatabase::DatabasePath());
         return false;
     }
-    if (clsObjAppInstellingen().DatabaseNietOpAlleenLezen())
+    if (clsObjAppInstellingen().DatabaseNietOpAlleenLezen()) {
         return true;
+    }
     ui::Message missing{QStringLiteral("Databasebestand ontbreekt"), QString(), ui::Icon::Critical};
     missing.details =
         QStringLiteral("Er is geen db.daa in ") + QDir::toNativeSeparators(ProgramFolder::path());
@@ -314,8 +327,9 @@ bool databasePresent() {
 
 int run(const Command& command, const Invocation& call) {
     exchange::removeLeftovers();
-    if (command.needsDatabase && !databasePresent())
+    if (command.needsDatabase && !databasePresent()) {
         return Failed;
+    }
     const bool succeeded = command.run(call);
     if (qstrcmp(command.name, "restore") == 0) {
         closeSharedConnections();
@@ -331,8 +345,9 @@ int run(const Command& command, const Invocation& call) {
 // The command a command line names: its first word that is no option.
 const Command* commandOf(int argc, char* argv[]) {
     for (int i = 1; i < argc; ++i) {
-        if (argv[i][0] != '-')
+        if (argv[i][0] != '-') {
             return findCommand(QString::fromLocal8Bit(argv[i]));
+        }
     }
     return nullptr;
 }
@@ -342,8 +357,9 @@ const Command* commandOf(int argc, char* argv[]) {
 int main(int argc, char* argv[]) {
     std::unique_ptr<QCoreApplication> application;
     if (const Command* command = commandOf(argc, argv); command && command->printsPdf) {
-        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
             qputenv("QT_QPA_PLATFORM", "offscreen");
+        }
         application = std::make_unique<QGuiApplication>(argc, argv);
     } else {
         application = std::make_unique<QCoreApplication>(argc, argv);
@@ -361,15 +377,18 @@ int main(int argc, char* argv[]) {
     Invocation call;
     const bool yes = arguments.removeAll(QStringLiteral("--yes")) > 0;
     call.force = arguments.removeAll(QStringLiteral("--force")) > 0;
-    if (arguments.isEmpty())
+    if (arguments.isEmpty()) {
         return usageError(QStringLiteral("Geen opdracht gegeven."));
+    }
 
     const QString name = arguments.takeFirst();
     const Command* command = findCommand(name);
-    if (!command)
+    if (!command) {
         return usageError(QStringLiteral("Onbekende opdracht: ") + name);
-    if (const QString problem = readArguments(*command, arguments, call); !problem.isEmpty())
+    }
+    if (const QString problem = readArguments(*command, arguments, call); !problem.isEmpty()) {
         return usageError(problem);
+    }
 
     TerminalService terminal(call.path, yes);
     ui::install(&terminal);

@@ -19,8 +19,9 @@ int main(int argc, char* argv[]) {
     report::installPresenter(&previews);
 
     frmFactuur window;
-    if (!window.startUp())
+    if (!window.startUp()) {
         return EXIT_FAILURE;
+    }
     // From here on every dialog belongs to the frame.
     uiService.setWindow(&window);
     window.showMaximized();

@@ -98,8 +98,9 @@ QString Regional::currencyText(const Currency& amount) {
 }
 
 QString Regional::valueText(const QVariant& value) {
-    if (value.isNull())
+    if (value.isNull()) {
         return QString();
+    }
     switch (value.typeId()) {
         case QMetaType::QString:
             return *static_cast<const QString*>(value.constData());
@@ -115,8 +116,9 @@ QString Regional::valueText(const QVariant& value) {
         case QMetaType::QByteArray:
             return QString::fromUtf8(value.toByteArray());
         default:
-            if (value.metaType() == QMetaType::fromType<Currency>())
+            if (value.metaType() == QMetaType::fromType<Currency>()) {
                 return currencyNumberText(value.value<Currency>());
+            }
             return value.toString();
     }
 }

@@ -12,8 +12,9 @@ public:
         : QObject(&context), action_(std::move(action)) {}
 
     bool event(QEvent* event) override {
-        if (event->type() != QEvent::DeferredDelete)
+        if (event->type() != QEvent::DeferredDelete) {
             return QObject::event(event);
+        }
         // The action may end more than its own business; this object goes first.
         const std::function<void()> action = std::move(action_);
         delete this;

@@ -28,8 +28,9 @@ void ImportController::importeer(const QString& table) {
 void ImportController::toonVelden(int index) {
     static const QStringList kTables = {QStringLiteral("klant"), QStringLiteral("artikel"),
                                         QStringLiteral("tarief")};
-    if (index < 0 || index >= kTables.size())
+    if (index < 0 || index >= kTables.size()) {
         return;
+    }
     trapped([&] {
         QString text;
         try {
@@ -47,7 +48,8 @@ void ImportController::toonVelden(int index) {
 
 void ImportController::sluiten() {
     trapped([this] {
-        if (view_)
+        if (view_) {
             view_->close();
+        }
     });
 }

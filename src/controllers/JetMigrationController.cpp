@@ -24,17 +24,19 @@ QString native(const QString& path) {
 
 QString tableLines(const jet::ConversionResult& conversion) {
     QString lines;
-    for (const jet::TableCount& table : conversion.tables)
+    for (const jet::TableCount& table : conversion.tables) {
         lines += QStringLiteral("%1: %2 %3\r\n")
                      .arg(table.table)
                      .arg(table.rows)
                      .arg(table.rows == 1 ? QStringLiteral("rij") : QStringLiteral("rijen"));
+    }
     return lines;
 }
 
 QString orphanLine(const jet::ConversionResult& conversion, const QString& where) {
-    if (conversion.orphans.isEmpty())
+    if (conversion.orphans.isEmpty()) {
         return QString();
+    }
     return QStringLiteral(
                "\r\n%1 factuurregels hoorden bij een factuur die niet meer bestaat; %2.\r\n")
         .arg(conversion.orphans.size())
@@ -46,19 +48,22 @@ QString summary(const jet::MigrationResult& result) {
         QStringLiteral("De database is omgezet naar het nieuwe formaat.\r\n\r\n") +
         tableLines(result.conversion) +
         orphanLine(result.conversion, QStringLiteral("ze staan in ") + native(result.orphanFile));
-    if (!result.stockDifferences.isEmpty())
+    if (!result.stockDifferences.isEmpty()) {
         text += QStringLiteral(
                     "\r\nDe voorraad in daa.mdb wijkt af voor %1 artikelen; het "
                     "programma houdt die van db.daa aan (zie het verslag).\r\n")
                     .arg(result.stockDifferences.size());
-    if (!result.keptAs.isEmpty())
+    }
+    if (!result.keptAs.isEmpty()) {
         text +=
             QStringLiteral("\r\nHet vorige db.daa is bewaard als %1.").arg(native(result.keptAs));
-    if (!result.stockFileKeptAs.isEmpty())
+    }
+    if (!result.stockFileKeptAs.isEmpty()) {
         text += QStringLiteral(
                     "\r\nHet oude daa.mdb is bewaard als %1; daa.mdb verwijst nu naar "
                     "db.daa.")
                     .arg(native(result.stockFileKeptAs));
+    }
     return text + QStringLiteral("\r\nHet verslag staat in %1.").arg(native(result.reportFile));
 }
 
@@ -69,11 +74,13 @@ public:
 
     jet::ProgressCallback callback() {
         return [this](qint64 done, qint64 total) {
-            if (!shown_)
+            if (!shown_) {
                 return true;
-            if (!progress_)
+            }
+            if (!progress_) {
                 progress_ = ui::service().progress(
                     QStringLiteral("db.daa omzetten naar het nieuwe formaat"), total);
+            }
             progress_->setValue(done);
             return !progress_->wasCancelled();
         };
@@ -125,8 +132,9 @@ bool mayReplace(const QString& oldFile) {
     const QString target = clsDatabase::DatabasePath();
     const qint64 invoices = jet::invoiceCount(target);
     if (invoices <= 0 ||
-        QFileInfo(oldFile).canonicalFilePath() == QFileInfo(target).canonicalFilePath())
+        QFileInfo(oldFile).canonicalFilePath() == QFileInfo(target).canonicalFilePath()) {
         return true;
+    }
     const ui::Answer answer =
         ui::message(QStringLiteral("%1 bevat al %2 facturen. Wilt u die database vervangen door de "
                                    "gegevens uit %3? De huidige wordt bewaard als db.daa.vorige.")
@@ -134,8 +142,9 @@ bool mayReplace(const QString& oldFile) {
                         .arg(invoices)
                         .arg(native(oldFile)),
                     kCaption, ui::Icon::Exclamation, ui::Buttons::YesNo, ui::Answer::No);
-    if (answer == ui::Answer::Yes)
+    if (answer == ui::Answer::Yes) {
         return true;
+    }
     ui::message(QStringLiteral("Er is niets veranderd."), kCaption, ui::Icon::Information);
     return false;
 }
@@ -149,8 +158,9 @@ enum class Reading { Survived, Crashed, Cancelled };
 Reading readInOwnProcess(const QString& database) {
     const QString cli =
         paths::withSeparator(ProgramFolder::path()) + QStringLiteral("lindebrug-cli");
-    if (!QFileInfo(cli).isExecutable())
+    if (!QFileInfo(cli).isExecutable()) {
         return Reading::Survived;
+    }
     QProcess check;
     check.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     check.start(cli, {QStringLiteral("omzetten"), QStringLiteral("--controle"), database});
@@ -167,8 +177,9 @@ Reading readInOwnProcess(const QString& database) {
             return Reading::Cancelled;
         }
     }
-    if (check.exitStatus() == QProcess::NormalExit && check.error() != QProcess::Crashed)
+    if (check.exitStatus() == QProcess::NormalExit && check.error() != QProcess::Crashed) {
         return Reading::Survived;
+    }
     jet::removeLeftovers(database);
     return Reading::Crashed;
 }
@@ -177,8 +188,9 @@ Reading readInOwnProcess(const QString& database) {
 
 bool bringOverOldDatabase() {
     const QString database = clsDatabase::DatabasePath();
-    if (!jet::isJetFile(database))
+    if (!jet::isJetFile(database)) {
         return true;
+    }
     const ui::Answer answer = ui::message(
         QStringLiteral("db.daa is gemaakt door een eerdere versie van Lindebrug en staat nog in "
                        "het oude formaat (Access). Het programma kan er pas mee werken als het "
@@ -219,8 +231,9 @@ bool convertCommand(const QString& oldFile, bool checkOnly) {
                     kCaption, ui::Icon::Critical);
         return false;
     }
-    if (checkOnly)
+    if (checkOnly) {
         return check(oldFile);
+    }
     return mayReplace(oldFile) && migrate(oldFile, false);
 }
 

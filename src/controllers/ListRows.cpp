@@ -6,8 +6,9 @@ QString listRow(std::initializer_list<QString> cells) {
     QString row;
     bool first = true;
     for (const QString& cell : cells) {
-        if (!first)
+        if (!first) {
             row += u'\t';
+        }
         first = false;
         row += cell.contains(u'\t') ? QString(cell).replace(u'\t', u' ') : cell;
     }

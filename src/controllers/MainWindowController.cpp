@@ -25,13 +25,15 @@ MainWindowController::MainWindowController(IMainWindowView& view, ShellServices 
 }
 
 MainWindowController::~MainWindowController() {
-    if (mainWindow() == &view_)
+    if (mainWindow() == &view_) {
         registerMainWindow(nullptr);
+    }
 }
 
 bool MainWindowController::startUp() {
-    if (!JetMigrationController::bringOverOldDatabase())
+    if (!JetMigrationController::bringOverOldDatabase()) {
         return false;
+    }
     registerMainWindow(&view_);
     exchange::removeLeftovers();
 
@@ -55,11 +57,13 @@ bool MainWindowController::startUp() {
 }
 
 void MainWindowController::menuClick(const QString& toolName) {
-    if (!gNoSound)
+    if (!gNoSound) {
         ui::service().playSound(QStringLiteral("Notification.Proximity"));
+    }
     const auto action = actions_.constFind(toolName);
-    if (action != actions_.cend())
+    if (action != actions_.cend()) {
         trapped(*action);
+    }
 }
 
 void MainWindowController::applySoundSetting(qint16 noSound) {
@@ -83,14 +87,16 @@ void MainWindowController::addActions() {
         {QStringLiteral("tlWebsite"), [this] { controller_->StartWebsite(); }},
         {QStringLiteral("tImportOnderM"),
          [this] {
-             if (!import_)
+             if (!import_) {
                  import_ = std::make_unique<ImportController>();
+             }
              import_->show();
          }},
         {QStringLiteral("tEtiket"),
          [this] {
-             if (!labels_)
+             if (!labels_) {
                  labels_ = std::make_unique<clsContrEtiketten>();
+             }
              labels_->show();
          }},
         {QStringLiteral("tBackup"), [] { exchange::backup(); }},
@@ -100,8 +106,9 @@ void MainWindowController::addActions() {
         {QStringLiteral("tUpdate"), [] { modGlobal::openAddress(modGlobal::updatePageAddress()); }},
     };
     for (const char* tool : {"tlExpKlanten", "tlExpTarieven", "tlExpArtikelen",
-                             "tlExpArtikelfacturen", "tlExpUurfacturen"})
+                             "tlExpArtikelfacturen", "tlExpUurfacturen"}) {
         actions_.insert(QLatin1String(tool), exportTo(QLatin1String(tool)));
+    }
 }
 
 void MainWindowController::readSoundSetting() {
@@ -110,17 +117,19 @@ void MainWindowController::readSoundSetting() {
         const QList<clsObjInstellingen> settings = clsObjInstellingen().Lijst(QString());
         // Without a settings row the program keeps its sounds; the settings screen
         // reports the missing row when the user opens it.
-        if (!settings.isEmpty())
+        if (!settings.isEmpty()) {
             noSound = settings.first().NoSound();
+        }
     });
     applySoundSetting(noSound);
 }
 
 void MainWindowController::labelUpdateTool() {
-    if (services_.updateAvailable())
+    if (services_.updateAvailable()) {
         view_.setUpdateTool(QStringLiteral("&Update beschikbaar"), true);
-    else
+    } else {
         view_.setUpdateTool(QStringLiteral("Geen updates"), false);
+    }
 }
 
 void MainWindowController::showAbout() {

@@ -25,8 +25,9 @@ public:
         const quint64 number = ++number_;
         edit_->setOnClosed([this, number] {
             whenBackInLoop(owner_, [this, number] {
-                if (number_ == number)
+                if (number_ == number) {
                     edit_.reset();
+                }
             });
         });
         return *edit_;
@@ -34,8 +35,9 @@ public:
 
     // Cancels the open edit, if any, at once.
     void close() {
-        if (!edit_)
+        if (!edit_) {
             return;
+        }
         edit_->setOnClosed({});
         edit_->Annuleren();
         edit_.reset();

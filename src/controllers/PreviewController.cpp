@@ -34,20 +34,23 @@ void PreviewController::start() {
 }
 
 void PreviewController::afdrukken() {
-    if (!clsPrinter::ShowPrinter())
+    if (!clsPrinter::ShowPrinter()) {
         return;
-    if (!clsPrinter::print(document_))
+    }
+    if (!clsPrinter::print(document_)) {
         ui::message(QStringLiteral("Het afdrukken is mislukt. Controleer de printer en probeer "
                                    "het opnieuw."),
                     QStringLiteral("Afdrukken"), ui::Icon::Exclamation);
+    }
 }
 
 void PreviewController::opslaanAlsPdf() {
     const QString path = ui::service().saveFile(QStringLiteral("Opslaan als PDF"),
                                                 QStringLiteral("PDF-bestanden (*.pdf)|*.pdf"),
                                                 QDir::home().filePath(fileNameOf(document_.title)));
-    if (path.isEmpty())
+    if (path.isEmpty()) {
         return;
+    }
     if (!report::writePdf(document_, path)) {
         ui::message(QStringLiteral("Het bestand ") + QDir::toNativeSeparators(path) +
                         QStringLiteral(" kon niet worden opgeslagen."),
@@ -59,13 +62,15 @@ void PreviewController::opslaanAlsPdf() {
 }
 
 void PreviewController::gesloten() {
-    if (onClosed_)
+    if (onClosed_) {
         onClosed_(this);
+    }
 }
 
 void PreviewController::hide() {
-    if (view_)
+    if (view_) {
         view_->hide();
+    }
 }
 
 std::shared_ptr<report::ShownReport> ReportPreviews::present(const report::Document& document) {

@@ -67,8 +67,9 @@ QString clsContrArtikelBewerken::HaalNieuwNummer() {
     try {
         const auto set = clsDatabase().openReadSet(
             QStringLiteral("SELECT Nummer FROM Artikel WHERE Zichtbaar=true ORDER BY Nummer DESC"));
-        if (set->isEOF())
+        if (set->isEOF()) {
             return QStringLiteral("1");
+        }
         const QString highest = set->text(0).value_or(QString());
         return Regional::numberText(conv::toDouble(highest) + 1);
     } catch (const Error& error) {
@@ -99,8 +100,9 @@ void clsContrArtikelBewerken::Opslaan() {
         }
         artikel_ = edited;
         originalNumber_ = edited.Nummer();
-        if (parent_)
+        if (parent_) {
             parent_->RefreshScherm();
+        }
         close();
     });
 }
@@ -169,8 +171,10 @@ clsObjArtikel clsContrArtikelBewerken::fromScreen() const {
 }
 
 void clsContrArtikelBewerken::close() {
-    if (view_)
+    if (view_) {
         view_->close();
-    if (onClosed_)
+    }
+    if (onClosed_) {
         onClosed_();
+    }
 }

@@ -26,9 +26,12 @@ qsizetype sheetCount() {
 // The papers of cmbVel: the label sheets, then the envelopes.
 QStringList papers() {
     QStringList names;
-    for (const adres::EtiketVel& vel : adres::etiketVellen()) names << vel.naam;
-    for (const adres::Envelop& envelop : adres::envelopFormaten())
+    for (const adres::EtiketVel& vel : adres::etiketVellen()) {
+        names << vel.naam;
+    }
+    for (const adres::Envelop& envelop : adres::envelopFormaten()) {
         names << QStringLiteral("Envelop ") + envelop.naam;
+    }
     return names;
 }
 
@@ -64,19 +67,22 @@ void clsContrEtiketten::show() {
 int clsContrEtiketten::firstPaper() const {
     const int remembered = userSettings().value(kVelKey, 0).toInt();
     const bool known = remembered >= 0 && remembered < papers().size();
-    if (soort_ == Soort::Envelop)
+    if (soort_ == Soort::Envelop) {
         return known && remembered >= sheetCount() ? remembered : static_cast<int>(sheetCount());
+    }
     return known ? remembered : 0;
 }
 
 void clsContrEtiketten::velGekozen(int index) {
-    if (view_ && index >= 0 && index < papers().size())
+    if (view_ && index >= 0 && index < papers().size()) {
         view_->setPosities(positions(index));
+    }
 }
 
 QList<clsObjKlant> clsContrEtiketten::klanten() const {
-    if (klantIDs_.isEmpty())
+    if (klantIDs_.isEmpty()) {
         return clsObjKlant().Lijst(QStringLiteral("Zichtbaar=true ORDER BY Bedrijfsnaam"));
+    }
     QList<clsObjKlant> chosen;
     for (const qint32 id : klantIDs_) {
         clsObjKlant klant;
@@ -90,8 +96,9 @@ QList<clsObjKlant> clsContrEtiketten::klanten() const {
 void clsContrEtiketten::toon() {
     trapped([this] {
         const int index = view_->vel();
-        if (index < 0 || index >= papers().size())
+        if (index < 0 || index >= papers().size()) {
             return;
+        }
         const QList<clsObjKlant> list = klanten();
         if (list.isEmpty()) {
             ui::message(QStringLiteral("Er zijn geen klanten om etiketten voor te maken."),
@@ -104,14 +111,16 @@ void clsContrEtiketten::toon() {
                 ? adres::etiketten(list, adres::etiketVellen()[index], view_->positie())
                 : adres::enveloppen(list, huidigeInstellingen(),
                                     adres::envelopFormaten()[index - sheetCount()]);
-        if (report::Presenter* presenter = report::presenter())
+        if (report::Presenter* presenter = report::presenter()) {
             shown_ = presenter->present(document);
+        }
     });
 }
 
 void clsContrEtiketten::sluiten() {
     trapped([this] {
-        if (view_)
+        if (view_) {
             view_->close();
+        }
     });
 }

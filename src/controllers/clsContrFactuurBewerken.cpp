@@ -23,16 +23,18 @@ const QString kNummerCaption = QStringLiteral("Factuurnummer");
 QString joined(const QStringList& parts) {
     QStringList present;
     for (const QString& part : parts) {
-        if (!part.trimmed().isEmpty())
+        if (!part.trimmed().isEmpty()) {
             present << part.trimmed();
+        }
     }
     return present.join(u' ');
 }
 
 // The customer's name and address as the invoice will be addressed.
 QStringList addressLines(const clsObjKlant& klant) {
-    if (klant.KlantID() == 0)
+    if (klant.KlantID() == 0) {
         return {};
+    }
     QStringList lines{klant.Bedrijfsnaam()};
     if (!klant.Achternaam().trimmed().isEmpty()) {
         lines << joined({klant.Dhr() ? QStringLiteral("Dhr.") : QStringLiteral("Mevr."),
@@ -55,33 +57,38 @@ clsContrFactuurBewerken::clsContrFactuurBewerken() = default;
 clsContrFactuurBewerken::~clsContrFactuurBewerken() = default;
 
 void clsContrFactuurBewerken::ChangeFN(qint32 nummer) {
-    if (conv::leadingNumber(m_Factuur.Nummer()) != nummer)
+    if (conv::leadingNumber(m_Factuur.Nummer()) != nummer) {
         m_Factuur.setNummer(QString::number(nummer));
+    }
 }
 
 bool clsContrFactuurBewerken::Annuleren() {
-    if (m_Gesloten)
+    if (m_Gesloten) {
         return true;
+    }
     bool closing = true;
     trapped([this, &closing] {
-        if (!hasUnsavedChanges())
+        if (!hasUnsavedChanges()) {
             return;
+        }
         closing = ui::message(QStringLiteral("De factuur is gewijzigd en niet opgeslagen. Wilt "
                                              "u de factuur sluiten zonder op te slaan?\r\nDe "
                                              "voorraad die al is aangepast, blijft aangepast."),
                               QStringLiteral("Factuur sluiten"), ui::Icon::Question,
                               ui::Buttons::YesNo, ui::Answer::No) == ui::Answer::Yes;
     });
-    if (closing)
+    if (closing) {
         close();
+    }
     return closing;
 }
 
 bool clsContrFactuurBewerken::StartFactuurBewerken(const clsObjFactuur& factuur) {
     return trapped([&] {
         m_Factuur = factuur;
-        if (m_Factuur.FactuurId() != 0)
+        if (m_Factuur.FactuurId() != 0) {
             m_Factuur.Ophalen();
+        }
         m_Factuur.LaadArtikelenPerFactuur();
         m_Factuur.LaadKlant();
         m_Opgeslagen = m_Factuur.ArtikelenPerFactuur();
@@ -113,12 +120,14 @@ void clsContrFactuurBewerken::Opslaan() {
                         QStringLiteral("Factuur opslaan"), ui::Icon::Exclamation);
             return;
         }
-        if (!readHead())
+        if (!readHead()) {
             return;
+        }
         m_Factuur.OpslaanFactuur();
         m_Gewijzigd = false;
-        if (m_Parent)
+        if (m_Parent) {
             m_Parent->RefreshScherm();
+        }
         close();
     });
 }
@@ -147,8 +156,9 @@ void clsContrFactuurBewerken::ArtikelToevoegen() {
 
 void clsContrFactuurBewerken::ArtikelBewerken(qint32 artikelID) {
     trapped([this, artikelID] {
-        if (const clsObjArtikelPerFactuur* line = lineOf(artikelID))
+        if (const clsObjArtikelPerFactuur* line = lineOf(artikelID)) {
             artikelen().BewerkGeselecteerdArtikel(*line);
+        }
     });
 }
 
@@ -156,8 +166,9 @@ void clsContrFactuurBewerken::mobjArtikelController_BewerkArtikel(qint32 artikel
                                                                   double korting) {
     trapped([&] {
         clsObjArtikelPerFactuur* line = lineOf(artikelID);
-        if (!line)
+        if (!line) {
             return;
+        }
         line->setAantal(aantal);
         line->setKorting(korting);
         line->setTotaalPrijs(clsObjArtikelPerFactuur::lineTotal(line->Prijs(), aantal, korting));
@@ -168,16 +179,18 @@ void clsContrFactuurBewerken::mobjArtikelController_BewerkArtikel(qint32 artikel
 
 void clsContrFactuurBewerken::mobjArtikelController_SluitArtikel(bool geannuleerd, double aantal,
                                                                  double korting) {
-    if (geannuleerd)
+    if (geannuleerd) {
         return;
+    }
     trapped([&] { addLine(aantal, korting); });
 }
 
 void clsContrFactuurBewerken::addLine(double aantal, double korting) {
     const std::optional<clsObjArtikel> chosen =
         m_Artikelen ? m_Artikelen->GeselecteerdArtikel() : std::nullopt;
-    if (!chosen)
+    if (!chosen) {
         return;
+    }
     const clsObjArtikel& artikel = *chosen;
     for (const clsObjArtikelPerFactuur& line : m_Factuur.ArtikelenPerFactuur()) {
         if (line.artikelID() == artikel.artikelID()) {
@@ -216,14 +229,16 @@ void clsContrFactuurBewerken::addLine(double aantal, double korting) {
 
 void clsContrFactuurBewerken::ArtikelenVerwijderen(const QList<qint32>& ids) {
     trapped([&] {
-        if (ids.isEmpty())
+        if (ids.isEmpty()) {
             return;
+        }
         if (!confirmRemoval(ids.size(),
                             QStringLiteral("Weet u zeker dat u het geselecteerde artikel/uur wilt "
                                            "verwijderen?"),
                             QStringLiteral("Weet u zeker dat u de geselecteerde artikelen/uren "
-                                           "wilt verwijderen?")))
+                                           "wilt verwijderen?"))) {
             return;
+        }
         removeLines(ids);
     });
 }
@@ -240,8 +255,9 @@ void clsContrFactuurBewerken::removeLines(const QList<qint32>& ids) {
     for (const qint32 id : ids) {
         const auto found = std::find_if(lines.begin(), lines.end(),
                                         [id](const auto& line) { return line.artikelID() == id; });
-        if (found == lines.end())
+        if (found == lines.end()) {
             continue;
+        }
         UpdateVoorraad(id, conv::toLong(found->Aantal()), true);
         lines.erase(found);
         m_Gewijzigd = true;
@@ -253,10 +269,12 @@ void clsContrFactuurBewerken::KlantSelecteren() {
 }
 
 void clsContrFactuurBewerken::mobjKlantController_SluitKlant(bool geannuleerd) {
-    if (geannuleerd || !m_Klanten)
+    if (geannuleerd || !m_Klanten) {
         return;
-    if (const std::optional<clsObjKlant> klant = m_Klanten->GeselecteerdeKlant())
+    }
+    if (const std::optional<clsObjKlant> klant = m_Klanten->GeselecteerdeKlant()) {
         KlantOvernemen(*klant);
+    }
 }
 
 void clsContrFactuurBewerken::KlantOvernemen(const clsObjKlant& klant) {
@@ -319,8 +337,9 @@ clsControllerKlant& clsContrFactuurBewerken::klanten() {
 
 // After a pick the user goes on with the invoice, not with the screen behind the picker.
 void clsContrFactuurBewerken::backToFront() {
-    if (m_View && !m_Gesloten)
+    if (m_View && !m_Gesloten) {
         m_View->show();
+    }
 }
 
 template <class Register>
@@ -330,8 +349,9 @@ void clsContrFactuurBewerken::dropLater(std::unique_ptr<Register>& picker) {
 
 // The customer, the lines and the totals; number and date stay as the user typed them.
 void clsContrFactuurBewerken::refreshView() {
-    if (!m_View)
+    if (!m_View) {
         return;
+    }
     m_View->setKlant(addressLines(m_Factuur.Klant()));
     fillGrid();
     showTotals();
@@ -376,8 +396,10 @@ clsObjArtikelPerFactuur* clsContrFactuurBewerken::lineOf(qint32 artikelID) {
 
 void clsContrFactuurBewerken::close() {
     m_Gesloten = true;
-    if (m_View)
+    if (m_View) {
         m_View->close();
-    if (m_Parent)
+    }
+    if (m_Parent) {
         m_Parent->editorClosed(this);
+    }
 }

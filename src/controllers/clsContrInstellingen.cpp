@@ -129,12 +129,14 @@ FontChoice clsContrInstellingen::kiesLettertypen(const QStringList& installed,
     int found = -1;
     for (const QString& name : installed) {
         if (name.isEmpty() || !kListedFonts.contains(name) ||
-            name.trimmed().toLower() == QLatin1String("courier"))
+            name.trimmed().toLower() == QLatin1String("courier")) {
             continue;
+        }
         // Names are compared without regard to case, as the database compares them, so the
         // preselected "courier new" finds "Courier New".
-        if (found < 0 && name.compare(wanted, Qt::CaseInsensitive) == 0)
+        if (found < 0 && name.compare(wanted, Qt::CaseInsensitive) == 0) {
             found = static_cast<int>(choice.names.size());
+        }
         choice.names << name;
     }
     choice.selected = found < 0 ? 0 : found;
@@ -162,8 +164,9 @@ void clsContrInstellingen::StartInstellingen() {
 
 void clsContrInstellingen::Ophalen() {
     const QList<clsObjInstellingen> rows = clsObjInstellingen().Lijst(QString());
-    if (rows.isEmpty())
+    if (rows.isEmpty()) {
         throw Error::subscriptOutOfRange(QStringLiteral("clsContrInstellingen"));
+    }
     Instellingen = rows.first();
     BTW = clsObjBTW::rowInUse();
 }
@@ -176,12 +179,14 @@ void clsContrInstellingen::RefreshScherm() {
 }
 
 void clsContrInstellingen::fillView() {
-    for (const TextField& field : kCompanyFields)
+    for (const TextField& field : kCompanyFields) {
         view_->setText(field.control, (Instellingen.*field.get)());
+    }
     view_->setSjabloon(Instellingen.Sjabloon());
     view_->setText(QStringLiteral("txtDagen"), QString::number(Instellingen.BetaalTermijn()));
-    for (const TextField& field : kContactFields)
+    for (const TextField& field : kContactFields) {
         view_->setText(field.control, (Instellingen.*field.get)());
+    }
     view_->setText(QStringLiteral("txtBTWTarief1"), numberText(BTW.BTW1()));
     view_->setText(QStringLiteral("txtBTWTarief2"), numberText(BTW.BTW2()));
     view_->setNoSound(Instellingen.NoSound() == 1);
@@ -197,8 +202,9 @@ void clsContrInstellingen::fillFonts() {
 }
 
 void clsContrInstellingen::InstellenLogo(const QString& pad) {
-    if (!view_)
+    if (!view_) {
         return;
+    }
     view_->showLogo(QFileInfo(pad).isFile() ? pad : QString());
 }
 
@@ -208,14 +214,16 @@ void clsContrInstellingen::OphalenLogo() {
             const QString start = QFileInfo(view_->text(QStringLiteral("txtLogo"))).absolutePath();
             const QString pad =
                 ui::service().openFile(QStringLiteral("Bedrijfslogo"), kLogoFilter, start);
-            if (pad.isEmpty())
+            if (pad.isEmpty()) {
                 throw Error(Error::DialogCancelled, QStringLiteral("clsContrInstellingen"),
                             QStringLiteral("Annuleren is gekozen."));
+            }
             view_->setText(QStringLiteral("txtLogo"), pad);
             InstellenLogo(pad);
         } catch (const Error& error) {
-            if (error.number() != Error::DialogCancelled)
+            if (error.number() != Error::DialogCancelled) {
                 throw;
+            }
         }
     });
 }
@@ -223,52 +231,63 @@ void clsContrInstellingen::OphalenLogo() {
 void clsContrInstellingen::ToonMarges() {
     trapped([this] {
         const std::unique_ptr<IMargesView> marges = views<SettingsViewFactory>().createMarges();
-        for (const MarginField& field : kMarginFields)
+        for (const MarginField& field : kMarginFields) {
             marges->setText(field.control, QString::number((Instellingen.*field.get)()));
+        }
         marges->showModal();
         // Every value is converted before any is taken, so a refused one changes nothing.
         qint16 values[std::size(kMarginFields)];
-        for (std::size_t i = 0; i < std::size(kMarginFields); ++i)
+        for (std::size_t i = 0; i < std::size(kMarginFields); ++i) {
             values[i] = toInteger(marges->text(kMarginFields[i].control));
-        for (std::size_t i = 0; i < std::size(kMarginFields); ++i)
+        }
+        for (std::size_t i = 0; i < std::size(kMarginFields); ++i) {
             (Instellingen.*kMarginFields[i].set)(values[i]);
+        }
     });
 }
 
 void clsContrInstellingen::Annuleren() {
-    if (!view_ || closed_)
+    if (!view_ || closed_) {
         return;
+    }
     closeView();
 }
 
 void clsContrInstellingen::Opslaan() {
-    if (!view_ || closed_)
+    if (!view_ || closed_) {
         return;
+    }
     const bool saved = trapped(kOpslaanCaption, [this] {
         for (const char* control : kNumericFields) {
-            if (view_->text(control).isEmpty())
+            if (view_->text(control).isEmpty()) {
                 view_->setText(control, QStringLiteral("0"));
+            }
         }
         copyViewIntoSettings();
         Instellingen.Bijwerken();
         saveRatesWhenChanged();
     });
-    if (saved)
+    if (saved) {
         closeView();
+    }
 }
 
 void clsContrInstellingen::copyViewIntoSettings() {
-    for (const TextField& field : kCompanyFields)
+    for (const TextField& field : kCompanyFields) {
         (Instellingen.*field.set)(view_->text(field.control));
+    }
     Instellingen.setSjabloon(static_cast<qint16>(view_->Sjabloon()));
-    for (const TextField& field : kContactFields)
+    for (const TextField& field : kContactFields) {
         (Instellingen.*field.set)(view_->text(field.control));
+    }
     Instellingen.setBetaalTermijn(toInteger(view_->text(QStringLiteral("txtDagen"))));
     // Without a size chosen (a stored size the list does not offer) the stored one stays.
-    if (!view_->pointText().isEmpty())
+    if (!view_->pointText().isEmpty()) {
         Instellingen.setFontSize(static_cast<float>(getal(view_->pointText())));
-    if (view_->fontIndex() >= 0)
+    }
+    if (view_->fontIndex() >= 0) {
         Instellingen.setFontName(view_->fontText());
+    }
     Instellingen.setNoSound(view_->NoSound() ? 1 : 0);
     MainWindowController::applySoundSetting(Instellingen.NoSound());
 }
@@ -276,8 +295,9 @@ void clsContrInstellingen::copyViewIntoSettings() {
 void clsContrInstellingen::saveRatesWhenChanged() {
     const double tarief1 = getal(view_->text(QStringLiteral("txtBTWTarief1")));
     const double tarief2 = getal(view_->text(QStringLiteral("txtBTWTarief2")));
-    if (tarief1 == BTW.BTW1() && tarief2 == BTW.BTW2())
+    if (tarief1 == BTW.BTW1() && tarief2 == BTW.BTW2()) {
         return;
+    }
     // Invoices keep referring to the old row, so its rates never change: it is hidden and a
     // new row carries both rates.
     BTW.setZichtbaar(false);
@@ -320,8 +340,9 @@ void clsContrInstellingen::ToonVoorbeeldFactuur() {
         const qint32 factuurID =
             conv::toLong(invoices->value(QStringLiteral("FactuurID")).toDouble());
         const int sjabloon = view_->Sjabloon();
-        if (sjabloon >= 0 && sjabloon < sjablonen().size())
+        if (sjabloon >= 0 && sjabloon < sjablonen().size()) {
             reports_.voorbeeldFactuur(factuurID, static_cast<qint16>(sjabloon));
+        }
     } catch (const Error& error) {
         ui::message(QStringLiteral("Error ") + QString::number(error.number()) +
                         QStringLiteral(" (") + error.description() +

@@ -57,8 +57,9 @@ void clsContrKlantBewerken::RefreshScherm() {
         // A new customer starts as "Dhr.", the choice the screen offers first.
         view_->setDhr(nieuw_ || klant_.Dhr());
         view_->setBTW(klant_.BTW());
-        for (const TextBinding& binding : kTextBindings)
+        for (const TextBinding& binding : kTextBindings) {
             view_->setText(binding.field, (klant_.*binding.get)());
+        }
     });
 }
 
@@ -74,8 +75,9 @@ void clsContrKlantBewerken::Opslaan() {
         // Fax and DebiteurNummer are on no screen: the new row starts them empty.
         klant_ = fromScreen();
         klant_.Opslaan();
-        if (parent_)
+        if (parent_) {
             parent_->RefreshScherm();
+        }
         close();
     });
 }
@@ -84,15 +86,18 @@ clsObjKlant clsContrKlantBewerken::fromScreen() const {
     clsObjKlant klant;
     klant.setDhr(view_->Dhr());
     klant.setBTW(view_->BTW());
-    for (const TextBinding& binding : kTextBindings)
+    for (const TextBinding& binding : kTextBindings) {
         (klant.*binding.set)(view_->text(binding.field));
+    }
     klant.setZichtbaar(true);
     return klant;
 }
 
 void clsContrKlantBewerken::close() {
-    if (view_)
+    if (view_) {
         view_->close();
-    if (onClosed_)
+    }
+    if (onClosed_) {
         onClosed_();
+    }
 }

@@ -17,8 +17,9 @@ namespace {
 const QString kGeenArtikel = QStringLiteral("Er is geen artikel geselecteerd.");
 
 bool validDiscount(const QString& text) {
-    if (!conv::isNumeric(text))
+    if (!conv::isNumeric(text)) {
         return false;
+    }
     const double percentage = conv::toDouble(text);
     return percentage >= 0 && percentage <= 100;
 }
@@ -53,8 +54,9 @@ void clsControllerArtikel::RefreshScherm() {
 }
 
 void clsControllerArtikel::fillGrid() {
-    if (!view_)
+    if (!view_) {
         return;
+    }
     const QList<clsObjArtikel> artikelen = clsObjArtikel().Lijst(listFilter());
     const clsObjBTW btw = clsObjBTW::rowInUse();
     const ListFill fill(*view_,
@@ -86,8 +88,9 @@ void clsControllerArtikel::VerwijderArtikelen() {
                             QStringLiteral("Weet u zeker dat u het geselecteerde artikel/uur wilt "
                                            "verwijderen?"),
                             QStringLiteral("Weet u zeker dat u de geselecteerde artikelen/uren "
-                                           "wilt verwijderen?")))
+                                           "wilt verwijderen?"))) {
             return;
+        }
         for (const qint32 id : ids) {
             // Only the key and the flag are set: the hidden row is written blank.
             clsObjArtikel hidden;
@@ -124,8 +127,9 @@ void clsControllerArtikel::BewerkGeselecteerdArtikel(const clsObjArtikelPerFactu
         dialog->setAantal(Regional::numberText(regel.Aantal()));
         dialog->setKorting(Regional::numberText(regel.Korting()));
         dialog->showModal();
-        if (dialog->Geannuleerd())
+        if (dialog->Geannuleerd()) {
             return;
+        }
         const double aantal = conv::toDouble(dialog->Aantal());
         const double korting = conv::toDouble(dialog->Korting());
         // Lowering a quantity returns stock, raising it takes stock.
@@ -186,8 +190,9 @@ void clsControllerArtikel::startEdit(std::optional<clsObjArtikel> artikel) {
 
 void clsControllerArtikel::closeScreen(bool cancelled, double aantal, double korting) {
     edit_.close();
-    if (view_)
+    if (view_) {
         view_->close();
+    }
     Q_EMIT SluitArtikel(cancelled, aantal, korting);
     Q_EMIT closed();
 }

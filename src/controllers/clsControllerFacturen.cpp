@@ -26,9 +26,10 @@ constexpr qint32 kHighestPrintableNumber = 999999999;
 
 qint16 templateNumber() {
     const QList<clsObjInstellingen> settings = clsObjInstellingen().Lijst(QString());
-    if (settings.isEmpty())
+    if (settings.isEmpty()) {
         throw Error(Error::NoCurrentRecord, QStringLiteral("clsObjInstellingen"),
                     QStringLiteral("Er zijn geen instellingen opgeslagen."));
+    }
     return settings.first().Sjabloon();
 }
 
@@ -38,8 +39,9 @@ class ShortDates {
 public:
     const QString& text(const QDate& date) {
         auto found = texts_.find(date.toJulianDay());
-        if (found == texts_.end())
+        if (found == texts_.end()) {
             found = texts_.insert(date.toJulianDay(), locale_.toString(date, format_));
+        }
         return *found;
     }
 
@@ -59,12 +61,14 @@ void clsControllerFacturen::Annuleren() {
     trapped([this] {
         // An editor with unsaved lines asks its user; one that stays keeps the list open.
         for (clsContrFactuurBewerken* editor : editors()) {
-            if (!editor->Annuleren())
+            if (!editor->Annuleren()) {
                 return;
+            }
         }
         editors_.clear();
-        if (view_)
+        if (view_) {
             view_->close();
+        }
         Q_EMIT SluitFactuur();
         Q_EMIT closed();
     });
@@ -92,8 +96,9 @@ void clsControllerFacturen::RefreshScherm() {
 }
 
 void clsControllerFacturen::fillGrid() {
-    if (!view_)
+    if (!view_) {
         return;
+    }
     const QList<clsObjFactuur> facturen = clsObjFactuur().Lijst(QString());
     const ListFill fill(*view_,
                         QStringList{QStringLiteral("Factuurnummer"), QStringLiteral("Klantnaam"),
@@ -109,13 +114,15 @@ void clsControllerFacturen::fillGrid() {
 
 void clsControllerFacturen::VerwijderFactuur(const QList<qint32>& ids) {
     trapped([&] {
-        if (ids.isEmpty())
+        if (ids.isEmpty()) {
             return;
+        }
         if (!confirmRemoval(
                 ids.size(),
                 QStringLiteral("Weet u zeker dat u de geselecteerde factuur wilt verwijderen?"),
-                QStringLiteral("Weet u zeker dat u de geselecteerde facturen wilt verwijderen?")))
+                QStringLiteral("Weet u zeker dat u de geselecteerde facturen wilt verwijderen?"))) {
             return;
+        }
         // Only the invoice row goes: the stock its lines took stays taken.
         for (const qint32 id : ids) {
             clsObjFactuur factuur;
@@ -131,15 +138,18 @@ void clsControllerFacturen::VerwijderFactuur(const QList<qint32>& ids) {
 
 qint32 clsControllerFacturen::VolgendNummer() {
     const auto set = clsDatabase().ExecuteQuery(QStringLiteral("SELECT Max(Nummer) FROM Factuur"));
-    if (set->isEOF())
+    if (set->isEOF()) {
         return 1;
+    }
     const QVariant highest = set->value(0);
-    if (highest.isNull())
+    if (highest.isNull()) {
         return 1;
+    }
     bool numeric = false;
     const double value = highest.toDouble(&numeric);
-    if (!numeric)
+    if (!numeric) {
         throw Error::typeMismatch(QStringLiteral("clsControllerFacturen"));
+    }
     return conv::toLong(value + 1);
 }
 
@@ -164,8 +174,9 @@ void clsControllerFacturen::NieuwFactuur() {
 void clsControllerFacturen::BewerkenFactuur() {
     trapped([this] {
         const std::optional<qint32> id = view_ ? view_->currentID() : std::nullopt;
-        if (!id)
+        if (!id) {
             return;
+        }
         clsObjFactuur factuur;
         factuur.setFactuurId(*id);
         openEditor(factuur);
@@ -175,16 +186,18 @@ void clsControllerFacturen::BewerkenFactuur() {
 QList<qint32> clsControllerFacturen::selectionOrSay(const QString& text,
                                                     const QString& caption) const {
     const QList<qint32> ids = view_ ? view_->selectedIDs() : QList<qint32>();
-    if (ids.isEmpty())
+    if (ids.isEmpty()) {
         ui::message(text, caption, ui::Icon::Information);
+    }
     return ids;
 }
 
 void clsControllerFacturen::BewerkGeselecteerde() {
     if (selectionOrSay(QStringLiteral("Er is geen factuur geselecteerd om te bewerken."),
                        QStringLiteral("Factuur bewerken"))
-            .isEmpty())
+            .isEmpty()) {
         return;
+    }
     BewerkenFactuur();
 }
 
@@ -192,18 +205,22 @@ void clsControllerFacturen::VerwijderGeselecteerde() {
     const QList<qint32> ids =
         selectionOrSay(QStringLiteral("Er is geen factuur geselecteerd om te verwijderen."),
                        QStringLiteral("Factuur verwijderen"));
-    if (!ids.isEmpty())
+    if (!ids.isEmpty()) {
         VerwijderFactuur(ids);
+    }
 }
 
 void clsControllerFacturen::ToonGeselecteerde() {
     const QList<qint32> ids =
         selectionOrSay(QStringLiteral("Er is geen factuur geselecteerd om te tonen."),
                        QStringLiteral("Factuur tonen"));
-    if (ids.isEmpty())
+    if (ids.isEmpty()) {
         return;
+    }
     QStringList keys;
-    for (const qint32 id : ids) keys << QString::number(id);
+    for (const qint32 id : ids) {
+        keys << QString::number(id);
+    }
     OpenSjabloon(keys.join(u','));
 }
 
@@ -212,13 +229,16 @@ void clsControllerFacturen::EFactuurGeselecteerde() {
     const QList<qint32> ids = selectionOrSay(
         QStringLiteral("Er is geen factuur geselecteerd om als e-factuur op te slaan."),
         QStringLiteral("E-factuur (UBL)"));
-    if (!ids.isEmpty())
+    if (!ids.isEmpty()) {
         trapped([&] { exchange::ubl::exportInvoices(ids); });
+    }
 }
 
 QList<clsContrFactuurBewerken*> clsControllerFacturen::editors() const {
     QList<clsContrFactuurBewerken*> open;
-    for (const auto& editor : editors_) open << editor.get();
+    for (const auto& editor : editors_) {
+        open << editor.get();
+    }
     return open;
 }
 
@@ -227,8 +247,9 @@ void clsControllerFacturen::openEditor(const clsObjFactuur& factuur) {
     editor->setParent(this);
     clsContrFactuurBewerken* started = editor.get();
     editors_.push_back(std::move(editor));
-    if (!started->StartFactuurBewerken(factuur))
+    if (!started->StartFactuurBewerken(factuur)) {
         removeEditor(started);
+    }
 }
 
 void clsControllerFacturen::editorClosed(clsContrFactuurBewerken* editor) {

@@ -36,8 +36,9 @@ void clsControllerFactuur::StartKlanten() {
 }
 
 void clsControllerFactuur::Afsluiten() {
-    if (IMainWindowView* window = mainWindow())
+    if (IMainWindowView* window = mainWindow()) {
         window->unload();
+    }
 }
 
 void clsControllerFactuur::StartHelp() {
@@ -58,8 +59,9 @@ void clsControllerFactuur::start(Register which) {
         Slot& slot = registers_[indexOf(which)];
         if (!slot) {
             slot = createRegister_(which);
-            if (!slot)
+            if (!slot) {
                 return;
+            }
             connect(slot.get(), &RegisterController::closed, this,
                     [this, which] { forget(which); });
         }
@@ -69,8 +71,9 @@ void clsControllerFactuur::start(Register which) {
 
 void clsControllerFactuur::forget(Register which) {
     Slot& slot = registers_[indexOf(which)];
-    if (!slot)
+    if (!slot) {
         return;
+    }
     // A late second closing event of the old register must not forget its successor.
     disconnect(slot.get(), nullptr, this, nullptr);
     // The register raises its closing event from inside its own code, which goes on

@@ -49,14 +49,17 @@ void clsControllerKlant::Annuleren(bool geannuleerd) {
 }
 
 std::optional<clsObjKlant> clsControllerKlant::GeselecteerdeKlant() const {
-    if (!view_)
+    if (!view_) {
         return std::nullopt;
+    }
     const std::optional<qint32> id = view_->currentID();
-    if (!id)
+    if (!id) {
         return std::nullopt;
+    }
     for (const clsObjKlant& klant : klanten_) {
-        if (klant.KlantID() == *id)
+        if (klant.KlantID() == *id) {
             return klant;
+        }
     }
     return std::nullopt;
 }
@@ -79,22 +82,27 @@ void clsControllerKlant::RefreshScherm() {
 }
 
 void clsControllerKlant::fillGrid() {
-    if (!view_)
+    if (!view_) {
         return;
+    }
     klanten_ = clsObjKlant().Lijst(QStringLiteral("Zichtbaar = true"));
     const ListFill fill(*view_, columns());
-    for (const clsObjKlant& klant : klanten_) view_->addRow(rowText(klant), klant.KlantID());
+    for (const clsObjKlant& klant : klanten_) {
+        view_->addRow(rowText(klant), klant.KlantID());
+    }
 }
 
 void clsControllerKlant::VerwijderKlant(const QList<qint32>& ids) {
     trapped([this, &ids] {
-        if (ids.isEmpty())
+        if (ids.isEmpty()) {
             return;
+        }
         if (!confirmRemoval(
                 ids.size(),
                 QStringLiteral("Weet u zeker dat u de geselecteerde klant wilt verwijderen?"),
-                QStringLiteral("Weet u zeker dat u de geselecteerde klanten wilt verwijderen?")))
+                QStringLiteral("Weet u zeker dat u de geselecteerde klanten wilt verwijderen?"))) {
             return;
+        }
         // One blank record serves every row: each hidden row is written empty but for its
         // key, so invoices of a removed customer no longer show who it was.
         clsObjKlant hidden;
@@ -125,8 +133,9 @@ void clsControllerKlant::BewerkenKlant() {
 
 void clsControllerKlant::AfdrukkenLijst() {
     trapped([this] {
-        if (view_)
+        if (view_) {
             view_->printList(QStringLiteral("Klanten"), 5.0);
+        }
     });
 }
 
@@ -154,8 +163,9 @@ void clsControllerKlant::VerwijderGeselecteerdeKlanten() {
 }
 
 void clsControllerKlant::Bevestigen() {
-    if (selecting_ && !customerChosen(QStringLiteral("Klant selecteren voor factuur")))
+    if (selecting_ && !customerChosen(QStringLiteral("Klant selecteren voor factuur"))) {
         return;
+    }
     Annuleren(false);
 }
 
@@ -164,13 +174,15 @@ void clsControllerKlant::DubbelKlik() {
         BewerkenKlant();
         return;
     }
-    if (customerChosen(QStringLiteral("Klant")))
+    if (customerChosen(QStringLiteral("Klant"))) {
         Annuleren(false);
+    }
 }
 
 bool clsControllerKlant::customerChosen(const QString& caption) const {
-    if (GeselecteerdeKlant())
+    if (GeselecteerdeKlant()) {
         return true;
+    }
     ui::message(kGeenKlant, caption, ui::Icon::Information);
     return false;
 }
@@ -181,8 +193,9 @@ void clsControllerKlant::startEdit(const clsObjKlant& klant) {
 
 void clsControllerKlant::closeScreen(bool cancelled) {
     edit_.close();
-    if (view_)
+    if (view_) {
         view_->close();
+    }
     Q_EMIT SluitKlant(cancelled);
     Q_EMIT closed();
 }

@@ -14,11 +14,13 @@ constexpr std::array<char16_t, 32> kHighControls = {
 };
 
 char encodeOne(char16_t unit) {
-    if (unit < 0x80 || (unit >= 0xA0 && unit <= 0xFF))
+    if (unit < 0x80 || (unit >= 0xA0 && unit <= 0xFF)) {
         return static_cast<char>(unit);
+    }
     for (std::size_t i = 0; i < kHighControls.size(); ++i) {
-        if (kHighControls[i] == unit)
+        if (kHighControls[i] == unit) {
             return static_cast<char>(0x80 + i);
+        }
     }
     return '?';
 }
@@ -34,8 +36,9 @@ void append(QByteArray& target, QStringView text) {
         const char16_t unit = text[i].unicode();
         // A character outside the basic plane is two UTF-16 units but one "?".
         if (QChar::isHighSurrogate(unit) && i + 1 < text.size() &&
-            QChar::isLowSurrogate(text[i + 1].unicode()))
+            QChar::isLowSurrogate(text[i + 1].unicode())) {
             ++i;
+        }
         out[written++] = encodeOne(unit);
     }
     target.resize(start + written);

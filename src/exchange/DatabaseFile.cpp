@@ -24,8 +24,9 @@ const char* const kProgramTables[] = {"Artikel", "ArtikelPerFactuur", "BTW",
                                       "Factuur", "Instellingen",      "Klant"};
 
 bool fail(QString* reason, const QString& text) {
-    if (reason)
+    if (reason) {
         *reason = text;
+    }
     return false;
 }
 
@@ -55,8 +56,9 @@ public:
 
     bool open(const QString& path, int flags) {
         rc_ = sqlite3_open_v2(path.toUtf8().constData(), &db_, flags, nullptr);
-        if (db_)
+        if (db_) {
             sqlite3_busy_timeout(db_, kBusyMilliseconds);
+        }
         return rc_ == SQLITE_OK;
     }
     // Runs sql to its end; the first column of every row is added to values when given.
@@ -64,31 +66,37 @@ public:
         sqlite3_stmt* statement = nullptr;
         rc_ = sqlite3_prepare_v2(db_, sql, -1, &statement, nullptr);
         while (rc_ == SQLITE_OK && (rc_ = sqlite3_step(statement)) == SQLITE_ROW) {
-            if (values)
+            if (values) {
                 values->append(QString::fromUtf8(
                     reinterpret_cast<const char*>(sqlite3_column_text(statement, 0))));
+            }
             rc_ = SQLITE_OK;
         }
-        if (rc_ == SQLITE_DONE)
+        if (rc_ == SQLITE_DONE) {
             rc_ = SQLITE_OK;
+        }
         const int finished = sqlite3_finalize(statement);
-        if (rc_ == SQLITE_OK)
+        if (rc_ == SQLITE_OK) {
             rc_ = finished;
+        }
         return rc_ == SQLITE_OK;
     }
     bool quickCheck(QString* reason) {
         QStringList result;
-        if (!run("PRAGMA quick_check", &result))
+        if (!run("PRAGMA quick_check", &result)) {
             return fail(reason, this->reason());
-        if (result != QStringList{QStringLiteral("ok")})
+        }
+        if (result != QStringList{QStringLiteral("ok")}) {
             return fail(reason, QStringLiteral("De database is beschadigd: ") +
                                     result.mid(0, 3).join(QStringLiteral("; ")));
+        }
         return true;
     }
     bool close() {
         rc_ = sqlite3_close(db_);
-        if (rc_ == SQLITE_OK)
+        if (rc_ == SQLITE_OK) {
             db_ = nullptr;
+        }
         return rc_ == SQLITE_OK;
     }
     int code() const { return rc_; }
@@ -113,23 +121,27 @@ bool writeCheckedCopy(const QString& database, const QString& temporary, const Q
     Database source;
     // Writable, so that a hot journal can be played back before we read.
     if (!source.open(database, SQLITE_OPEN_READWRITE) || !source.run("BEGIN") ||
-        !source.run("SELECT count(*) FROM sqlite_master"))
+        !source.run("SELECT count(*) FROM sqlite_master")) {
         return fail(reason, source.reason());
-    if (!filecopy::copyToTemporary(database, temporary, target, progressTitle, reason))
+    }
+    if (!filecopy::copyToTemporary(database, temporary, target, progressTitle, reason)) {
         return false;
+    }
     source.run("COMMIT");
     durable::step("check");
     Database copy;
-    if (!copy.open(temporary, SQLITE_OPEN_READONLY))
+    if (!copy.open(temporary, SQLITE_OPEN_READONLY)) {
         return fail(reason, copy.reason());
+    }
     return copy.quickCheck(reason);
 }
 
 // The database about to be replaced, kept as <name>.vorige: a second name for the same
 // file where the file system allows, a copy otherwise.
 bool keepPrevious(const QString& database, QString* reason) {
-    if (!QFileInfo::exists(database))
+    if (!QFileInfo::exists(database)) {
         return true;
+    }
     const QString previous = previousName(database);
     const QString temporary = durable::temporaryNameFor(previous);
     durable::step("previous");
@@ -138,8 +150,9 @@ bool keepPrevious(const QString& database, QString* reason) {
     linked = ::link(QFile::encodeName(database).constData(),
                     QFile::encodeName(temporary).constData()) == 0;
 #endif
-    if (!linked && !filecopy::copyToTemporary(database, temporary, previous, QString(), reason))
+    if (!linked && !filecopy::copyToTemporary(database, temporary, previous, QString(), reason)) {
         return false;
+    }
     if (::rename(QFile::encodeName(temporary).constData(),
                  QFile::encodeName(previous).constData()) != 0) {
         fail(reason, durable::systemReason(QStringLiteral("Kan niet hernoemen naar"), previous));
@@ -172,23 +185,26 @@ bool backup(const QString& database, const QString& target, const QString& progr
 
 bool settleJournal(const QString& database, QString* reason) {
     const QString journal = journalName(database);
-    if (!QFileInfo::exists(journal))
+    if (!QFileInfo::exists(journal)) {
         return true;
+    }
     {
         Database old;
         // Taking the write lock plays a hot journal back, and tells a journal that a
         // living writer still uses (which we must not touch) from a stale one.
         if (old.open(database, SQLITE_OPEN_READWRITE)) {
-            if (old.run("BEGIN IMMEDIATE"))
+            if (old.run("BEGIN IMMEDIATE")) {
                 old.run("ROLLBACK");
-            else if ((old.code() & 0xff) == SQLITE_BUSY || (old.code() & 0xff) == SQLITE_LOCKED)
+            } else if ((old.code() & 0xff) == SQLITE_BUSY || (old.code() & 0xff) == SQLITE_LOCKED) {
                 return fail(reason, old.reason());
+            }
         }
     }
     // Whatever is left belongs to no database we could read: it must not meet the next.
     durable::step("journal");
-    if (QFileInfo::exists(journal) && !QFile::remove(journal))
+    if (QFileInfo::exists(journal) && !QFile::remove(journal)) {
         return fail(reason, durable::systemReason(QStringLiteral("Kan niet verwijderen"), journal));
+    }
     return true;
 }
 
@@ -196,8 +212,9 @@ bool restore(const QString& source, const QString& database, const QString& prog
              QString* reason) {
     durable::removeLeftovers(QFileInfo(database).absolutePath());
     const QString temporary = durable::temporaryNameFor(database);
-    if (!filecopy::copyToTemporary(source, temporary, database, progressTitle, reason))
+    if (!filecopy::copyToTemporary(source, temporary, database, progressTitle, reason)) {
         return false;
+    }
     if (!settleJournal(database, reason) || !keepPrevious(database, reason)) {
         QFile::remove(temporary);
         return false;
@@ -207,26 +224,32 @@ bool restore(const QString& source, const QString& database, const QString& prog
 
 bool isProgramDatabase(const QString& path, QString* reason) {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly)) {
         return fail(reason, durable::systemReason(QStringLiteral("Kan niet lezen uit"), path));
-    if (file.size() == 0)
+    }
+    if (file.size() == 0) {
         return fail(reason, QStringLiteral("Het bestand is leeg."));
-    if (file.read(16) != QByteArray("SQLite format 3\0", 16))
+    }
+    if (file.read(16) != QByteArray("SQLite format 3\0", 16)) {
         return fail(reason, QStringLiteral("Het bestand is geen database."));
+    }
     file.close();
     Database database;
     QStringList tables;
     if (!database.open(path, SQLITE_OPEN_READONLY) ||
-        !database.run("SELECT name FROM sqlite_master WHERE type='table'", &tables))
+        !database.run("SELECT name FROM sqlite_master WHERE type='table'", &tables)) {
         return fail(reason, database.reason());
+    }
     QStringList missing;
     for (const char* table : kProgramTables) {
-        if (!tables.contains(QLatin1String(table), Qt::CaseInsensitive))
+        if (!tables.contains(QLatin1String(table), Qt::CaseInsensitive)) {
             missing.append(QLatin1String(table));
+        }
     }
-    if (!missing.isEmpty())
+    if (!missing.isEmpty()) {
         return fail(reason, QStringLiteral("De database mist de tabellen van Lindebrug: ") +
                                 missing.join(QStringLiteral(", ")) + QLatin1Char('.'));
+    }
     return database.quickCheck(reason);
 }
 

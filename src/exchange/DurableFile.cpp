@@ -32,8 +32,9 @@ qint64 writerOf(const QString& fileName) {
 }
 
 bool stillRunning(qint64 pid) {
-    if (pid == QCoreApplication::applicationPid())
+    if (pid == QCoreApplication::applicationPid()) {
         return false;  // a name of ours from before this process used the same id
+    }
 #ifdef Q_OS_UNIX
     return ::kill(static_cast<pid_t>(pid), 0) == 0 || errno == EPERM;
 #else
@@ -67,8 +68,9 @@ QString errnoText(int code) {
 #ifdef Q_OS_UNIX
 bool syncPath(const QString& path, int flags) {
     const int fd = ::open(QFile::encodeName(path).constData(), flags | O_CLOEXEC);
-    if (fd < 0)
+    if (fd < 0) {
         return false;
+    }
     const bool synced = ::fsync(fd) == 0;
     const int saved = errno;
     ::close(fd);
@@ -102,8 +104,9 @@ void removeLeftovers(const QString& folder) {
                                             QDir::Files | QDir::Hidden | QDir::System);
     for (const QString& name : names) {
         const qint64 writer = writerOf(name);
-        if (writer != 0 && !stillRunning(writer))
+        if (writer != 0 && !stillRunning(writer)) {
             QFile::remove(dir.filePath(name));
+        }
     }
 }
 
@@ -127,8 +130,9 @@ bool publish(const QString& temporary, const QString& target, QString* reason) {
     step("rename");
     if (::rename(QFile::encodeName(temporary).constData(), QFile::encodeName(target).constData()) !=
         0) {
-        if (reason)
+        if (reason) {
             *reason = systemReason(QStringLiteral("Kan niet hernoemen naar"), target);
+        }
         QFile::remove(temporary);
         return false;
     }
@@ -136,8 +140,9 @@ bool publish(const QString& temporary, const QString& target, QString* reason) {
     if (!syncFolder(QFileInfo(target).absolutePath())) {
         // The file is complete under its name; only the guarantee for a power cut in the
         // next moments is missing, which is no reason to take the file away again.
-        if (reason)
+        if (reason) {
             *reason = systemReason(QStringLiteral("Kan de map niet vastleggen van"), target);
+        }
         return false;
     }
     return true;
@@ -149,8 +154,9 @@ QString systemReason(const QString& what, const QString& path) {
 }
 
 void step(const char* name) {
-    if (observer())
+    if (observer()) {
         observer()(name);
+    }
 }
 
 void setStepObserverForTests(std::function<void(const char*)> listener) {
@@ -161,8 +167,9 @@ PublishedFile::PublishedFile(QString target)
     : target_(std::move(target)), temporary_(temporaryNameFor(target_)) {}
 
 PublishedFile::~PublishedFile() {
-    if (committed_)
+    if (committed_) {
         return;
+    }
     file_.close();
     QFile::remove(temporary_);
 }
@@ -171,25 +178,29 @@ bool PublishedFile::open() {
     file_.setFileName(temporary_);
     // Unbuffered: every write reaches the system at once, so its failure is seen where it
     // happens, with the system's reason.
-    if (!file_.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
+    if (!file_.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) {
         return fail(QStringLiteral("Kan niet schrijven naar"));
+    }
     return true;
 }
 
 bool PublishedFile::write(const QByteArray& bytes) {
     step("write");
-    if (file_.write(bytes) != bytes.size())
+    if (file_.write(bytes) != bytes.size()) {
         return fail(QStringLiteral("Kan niet schrijven naar"));
+    }
     return true;
 }
 
 bool PublishedFile::commit() {
     step("sync");
-    if (!file_.flush() || !syncHandle(file_.handle()))
+    if (!file_.flush() || !syncHandle(file_.handle())) {
         return fail(QStringLiteral("Kan niet vastleggen"));
+    }
     file_.close();
-    if (file_.error() != QFileDevice::NoError)
+    if (file_.error() != QFileDevice::NoError) {
         return fail(QStringLiteral("Kan niet sluiten"));
+    }
     committed_ = true;
     return publish(temporary_, target_, &failure_);
 }

@@ -32,20 +32,22 @@ QString backupTarget(const QString& folder) {
 // False when the user keeps the existing backup. On Ja the old backup stays until the new
 // one is whole: a backup that fails (a full disk) must not cost the user the one he had.
 bool mayReplace(const QString& target) {
-    if (!clsFileSys().FileExists(target))
+    if (!clsFileSys().FileExists(target)) {
         return true;
-    return ui::message(QStringLiteral("Bestand bestaat! Overschrijven?"), ui::kProgramCaption, ui::Icon::None,
-                       ui::Buttons::YesNo, ui::Answer::Yes) == ui::Answer::Yes;
+    }
+    return ui::message(QStringLiteral("Bestand bestaat! Overschrijven?"), ui::kProgramCaption,
+                       ui::Icon::None, ui::Buttons::YesNo, ui::Answer::Yes) == ui::Answer::Yes;
 }
 
 bool copyDatabaseTo(const QString& target) {
-    if (!mayReplace(target))
+    if (!mayReplace(target)) {
         return false;
+    }
     QString reason;
     const bool made = dbfile::backup(clsDatabase::DatabasePath(), target,
                                      QStringLiteral("Backup maken"), &reason);
-    tell(made ? QStringLiteral("Backup gelukt!") : QStringLiteral("Backup niet gelukt!"), ui::kProgramCaption,
-         ui::Icon::Information, reason);
+    tell(made ? QStringLiteral("Backup gelukt!") : QStringLiteral("Backup niet gelukt!"),
+         ui::kProgramCaption, ui::Icon::Information, reason);
     return made;
 }
 
@@ -60,8 +62,9 @@ QString exportBaseName(const QString& toolName) {
         {QLatin1String("tlExpUurfacturen"), QLatin1String("FactUur")},
     };
     for (const auto& [tool, baseName] : kTools) {
-        if (toolName == tool)
+        if (toolName == tool) {
             return baseName;
+        }
     }
     return QStringLiteral("onbekend");
 }
@@ -69,8 +72,9 @@ QString exportBaseName(const QString& toolName) {
 bool exportRegister(const QString& baseName, const QString& extension) {
     clsXport xport;
     QString folder = xport.BrowseForFolder(QStringLiteral("Map voor export aanwijzen"));
-    if (folder.isEmpty())
+    if (folder.isEmpty()) {
         return false;
+    }
     if (extension == QLatin1String("csv") &&
         xport.Xport(baseName, QStringLiteral("csv"), folder, QString())) {
         ui::message(QStringLiteral("Export van ") + baseName +
@@ -93,13 +97,15 @@ bool importTable(const QString& table) {
     const QString path = ui::service().openFile(
         QStringLiteral("Kies te importeren bestand"),
         QStringLiteral("tekstbestanden|*.txt|csv-bestanden|*.csv"), ProgramFolder::path());
-    if (path.isEmpty())
+    if (path.isEmpty()) {
         return false;
+    }
     clsXport xport;
     QString reason;
     try {
-        if (!xport.Mport(table, path))
+        if (!xport.Mport(table, path)) {
             reason = xport.failure();
+        }
     } catch (const Error& error) {
         reason = failureText(error);
     }
@@ -122,8 +128,9 @@ QString importHelpText(const QString& table) {
     QString fields;
     for (int i = 1; i < set->fieldCount(); ++i) {
         const QString& name = set->field(i).name;
-        if (!name.contains(QLatin1String("extra"), Qt::CaseInsensitive))
+        if (!name.contains(QLatin1String("extra"), Qt::CaseInsensitive)) {
             fields += name + QStringLiteral(";\r\n");
+        }
     }
     return QStringLiteral(
                "Voor de gekozen tabel moet het te importeren bestand de volgende "
@@ -136,8 +143,9 @@ bool backup() {
     try {
         const QString folder =
             ui::service().chooseFolder(QStringLiteral("Kies map voor de backup"));
-        if (folder.isEmpty())
+        if (folder.isEmpty()) {
             return false;
+        }
         return copyDatabaseTo(backupTarget(folder));
     } catch (const Error& error) {
         ui::message(QStringLiteral("Fout opgetreden : ") + error.description(),
@@ -153,8 +161,9 @@ void removeLeftovers() {
 bool restore(RestoreCheck check) {
     const QString source = ui::service().openFile(QStringLiteral("Kies backup bestand"),
                                                   QStringLiteral("bu1-bestanden|*.bu1"), QString());
-    if (source.isEmpty())
+    if (source.isEmpty()) {
         return false;
+    }
     QString reason;
     if (check == RestoreCheck::ProgramDatabaseOnly && !dbfile::isProgramDatabase(source, &reason)) {
         tell(QStringLiteral("Het bestand ") + source +
@@ -166,9 +175,10 @@ bool restore(RestoreCheck check) {
     closeSharedConnections();
     const bool restored =
         dbfile::restore(source, database, QStringLiteral("Backup terugzetten"), &reason);
-    if (!restored && check == RestoreCheck::ProgramDatabaseOnly)
+    if (!restored && check == RestoreCheck::ProgramDatabaseOnly) {
         tell(QStringLiteral("Terugzetten van de backup mislukt; de database is niet vervangen."),
              ui::kProgramCaption, ui::Icon::Critical, reason);
+    }
     // Open it again straight away, so that every screen reads the restored data; a file
     // that is not a database is reported here by the connection.
     clsDatabase().MaakConnectie();

@@ -26,23 +26,27 @@ qint64 copyChunk(QFile& source, QFile& target, QByteArray& buffer) {
     if (kernelCopyWorks) {
         const ssize_t n =
             ::copy_file_range(source.handle(), nullptr, target.handle(), nullptr, kChunk, 0);
-        if (n >= 0)
+        if (n >= 0) {
             return n;
-        if (errno != EXDEV && errno != ENOSYS && errno != EINVAL && errno != EOPNOTSUPP)
+        }
+        if (errno != EXDEV && errno != ENOSYS && errno != EINVAL && errno != EOPNOTSUPP) {
             return -1;
+        }
         kernelCopyWorks = false;
     }
 #endif
     buffer.resize(kChunk);
     const qint64 n = source.read(buffer.data(), kChunk);
-    if (n > 0 && target.write(buffer.constData(), n) != n)
+    if (n > 0 && target.write(buffer.constData(), n) != n) {
         return -1;
+    }
     return n;
 }
 
 bool syncToDisk(QFile& file) {
-    if (!file.flush())
+    if (!file.flush()) {
         return false;
+    }
 #ifdef Q_OS_UNIX
     return ::fsync(file.handle()) == 0;
 #else
@@ -52,8 +56,9 @@ bool syncToDisk(QFile& file) {
 
 QFileDevice::Permissions permissionsFor(const QString& target) {
     const QFileInfo existing(target);
-    if (existing.exists())
+    if (existing.exists()) {
         return existing.permissions() | QFileDevice::ReadOwner | QFileDevice::WriteOwner;
+    }
     return QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ReadGroup |
            QFileDevice::ReadOther;
 }
@@ -63,15 +68,18 @@ bool copyContents(QFile& source, QFile& target, ui::Progress* progress) {
     qint64 copied = 0;
     for (;;) {
         const qint64 n = copyChunk(source, target, buffer);
-        if (n < 0)
+        if (n < 0) {
             return false;
-        if (n == 0)
+        }
+        if (n == 0) {
             return true;
+        }
         copied += n;
         if (progress) {
             progress->setValue(copied);
-            if (progress->wasCancelled())
+            if (progress->wasCancelled()) {
                 return false;
+            }
         }
     }
 }
@@ -81,20 +89,24 @@ bool copyContents(QFile& source, QFile& target, ui::Progress* progress) {
 bool copyToTemporary(const QString& source, const QString& temporary, const QString& target,
                      const QString& progressTitle, QString* reason) {
     const auto failed = [&](const QString& what, const QString& path) {
-        if (reason)
+        if (reason) {
             *reason = durable::systemReason(what, path);
+        }
         QFile::remove(temporary);
         return false;
     };
     QFile in(source);
-    if (!in.open(QIODevice::ReadOnly))
+    if (!in.open(QIODevice::ReadOnly)) {
         return failed(QStringLiteral("Kan niet lezen:"), source);
+    }
     QFile out(temporary);
-    if (!out.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
+    if (!out.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) {
         return failed(QStringLiteral("Kan niet schrijven naar"), target);
+    }
     std::unique_ptr<ui::Progress> progress;
-    if (!progressTitle.isEmpty())
+    if (!progressTitle.isEmpty()) {
         progress = ui::service().progress(progressTitle, in.size());
+    }
     durable::step("copy");
     if (!copyContents(in, out, progress.get())) {
         const QString what = progress && progress->wasCancelled()
@@ -103,8 +115,9 @@ bool copyToTemporary(const QString& source, const QString& temporary, const QStr
         return failed(what, target);
     }
     durable::step("sync");
-    if (!syncToDisk(out))
+    if (!syncToDisk(out)) {
         return failed(QStringLiteral("Kan niet vastleggen"), target);
+    }
     out.setPermissions(permissionsFor(target));
     out.close();
     return true;

@@ -20,8 +20,9 @@ Error fileNotFound(const QString& path) {
 // A desktop entry reads its values with string escapes, and Exec's arguments once more
 // with quoting: a path survives only when both are applied.
 QString quotedArgument(QString path) {
-    for (const QChar special : {QChar('\\'), QChar('"'), QChar('`'), QChar('$')})
+    for (const QChar special : {QChar('\\'), QChar('"'), QChar('`'), QChar('$')}) {
         path.replace(special, QStringLiteral("\\") + special);
+    }
     return QLatin1Char('"') + path + QLatin1Char('"');
 }
 
@@ -44,8 +45,9 @@ clsFileSys::~clsFileSys() {
 }
 
 void clsFileSys::setBestandsNaam(const QString& path) {
-    if (path == bestandsNaam_)
+    if (path == bestandsNaam_) {
         return;
+    }
     Sluiten();
     bestandsNaam_ = path;
 }
@@ -60,16 +62,18 @@ void clsFileSys::MaakRegel(const QStringList& fields, QChar separator) {
     openForAppending();
     const char separatorByte = ansi::encode(QStringView(&separator, 1)).front();
     for (qsizetype i = 0; i < fields.size(); ++i) {
-        if (i > 0)
+        if (i > 0) {
             pending_.append(separatorByte);
+        }
         ansi::append(pending_, fields[i]);
     }
     endLine();
 }
 
 void clsFileSys::openForAppending() {
-    if (file_)
+    if (file_) {
         return;
+    }
     file_ = std::make_unique<QFile>(bestandsNaam_);
     if (bestandsNaam_.isEmpty() || !file_->open(QIODevice::WriteOnly | QIODevice::Append)) {
         const Error failure = writeError();
@@ -80,8 +84,9 @@ void clsFileSys::openForAppending() {
 
 void clsFileSys::endLine() {
     pending_.append("\r\n", 2);
-    if (pending_.size() >= kWriteThreshold)
+    if (pending_.size() >= kWriteThreshold) {
         writePending();
+    }
 }
 
 void clsFileSys::writePending() {
@@ -95,8 +100,9 @@ void clsFileSys::writePending() {
 }
 
 void clsFileSys::Sluiten() {
-    if (!file_)
+    if (!file_) {
         return;
+    }
     writePending();
     const bool flushed = file_->flush();
     if (!flushed) {
@@ -149,15 +155,17 @@ bool clsFileSys::DeleteDirectory(const QString& path) {
 
 qint64 clsFileSys::FileSize(const QString& path) const {
     const QFileInfo info(path);
-    if (!info.isFile())
+    if (!info.isFile()) {
         throw fileNotFound(path);
+    }
     return info.size();
 }
 
 QDateTime clsFileSys::FileDateTime(const QString& path) const {
     const QFileInfo info(path);
-    if (!info.exists())
+    if (!info.exists()) {
         throw fileNotFound(path);
+    }
     return info.lastModified();
 }
 
@@ -171,11 +179,13 @@ bool clsFileSys::CreateShortcut(const QString& target, const QString& shortcutPa
             .arg(desktopString(name), desktopString(quotedArgument(program.absoluteFilePath())),
                  desktopString(program.absolutePath()));
     QSaveFile file(shortcutPath);
-    if (!file.open(QIODevice::WriteOnly))
+    if (!file.open(QIODevice::WriteOnly)) {
         return false;
+    }
     file.write(entry.toUtf8());
-    if (!file.commit())
+    if (!file.commit()) {
         return false;
+    }
     return QFile::setPermissions(shortcutPath, QFile::permissions(shortcutPath) |
                                                    QFileDevice::ExeOwner | QFileDevice::ExeUser);
 }

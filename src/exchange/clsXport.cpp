@@ -26,14 +26,18 @@ constexpr int kLinesPerTransaction = 2000;
 
 QStringList columnNames(const Recordset& set) {
     QStringList names;
-    for (int i = 0; i < set.fieldCount(); ++i) names.append(set.field(i).name);
+    for (int i = 0; i < set.fieldCount(); ++i) {
+        names.append(set.field(i).name);
+    }
     return names;
 }
 
 // Fills fields with the row's texts, reusing the list's memory from row to row.
 void rowTexts(const Recordset& set, QStringList& fields) {
     fields.resize(0);
-    for (int i = 0; i < set.fieldCount(); ++i) fields.append(Regional::valueText(set.value(i)));
+    for (int i = 0; i < set.fieldCount(); ++i) {
+        fields.append(Regional::valueText(set.value(i)));
+    }
 }
 
 bool sharedConnectionOpen() {
@@ -49,9 +53,10 @@ Connection& sharedConnection() {
         Connection().open(database.connectionString());
         database.MaakConnectie();
     }
-    if (!sharedConnectionOpen())
+    if (!sharedConnectionOpen()) {
         throw Error(Error::ConnectionClosed, QStringLiteral("clsXport"),
                     QStringLiteral("De verbinding met de database is niet open."));
+    }
     return *gConnectie;
 }
 
@@ -106,23 +111,26 @@ public:
     ImportBatch& operator=(const ImportBatch&) = delete;
 
     void lineStored() {
-        if (++pending_ < kLinesPerTransaction)
+        if (++pending_ < kLinesPerTransaction) {
             return;
+        }
         connection_.commitTrans();
         connection_.beginTrans();
         pending_ = 0;
     }
 
     void finish() {
-        if (connection_.inTransaction())
+        if (connection_.inTransaction()) {
             connection_.commitTrans();
+        }
     }
 
 private:
     void rollBack() noexcept {
         try {
-            if (connection_.inTransaction())
+            if (connection_.inTransaction()) {
                 connection_.rollbackTrans();
+            }
         } catch (const Error&) {
             // Nothing more to undo with.
         }
@@ -138,13 +146,15 @@ void storeLine(Recordset& set, const QStringList& fields, qint64 lineNumber) {
     set.addNew();
     try {
         for (int i = 0; i < fields.size(); ++i) {
-            if (fields[i].isEmpty())
+            if (fields[i].isEmpty()) {
                 continue;
-            if (i + 1 >= set.fieldCount())
+            }
+            if (i + 1 >= set.fieldCount()) {
                 throw Error(
                     Error::ItemNotFound, QStringLiteral("clsXport"),
                     QStringLiteral("Regel %1 heeft meer velden dan de tabel kolommen heeft.")
                         .arg(lineNumber));
+            }
             set.setValue(i + 1, fields[i]);
         }
         set.update();
@@ -157,17 +167,19 @@ void storeLine(Recordset& set, const QStringList& fields, qint64 lineNumber) {
 }  // namespace
 
 QString failureText(const Error& error) {
-    if (error.source() == QLatin1String("SQLite") && (error.number() == 5 || error.number() == 6))
+    if (error.source() == QLatin1String("SQLite") && (error.number() == 5 || error.number() == 6)) {
         return QStringLiteral("De database is in gebruik door een ander programma (%1).")
             .arg(error.description());
+    }
     return error.description();
 }
 
 bool clsXport::Xport(const QString& table, const QString& extension, QString& folder,
                      const QString& fileName) {
     failure_.clear();
-    if (table == QLatin1String("onbekend"))
+    if (table == QLatin1String("onbekend")) {
         return fail(QStringLiteral("Onbekend register."));
+    }
     folder = paths::withSeparator(folder);
     const QString path =
         folder + (fileName.isEmpty() ? table : fileName) + QLatin1Char('.') + extension;
@@ -178,15 +190,18 @@ bool clsXport::Xport(const QString& table, const QString& extension, QString& fo
             QStringLiteral("Het bestand ") + path + QStringLiteral(" bestaat al. Verwijderen?"),
             QStringLiteral("Bestand verwijderen"), ui::Icon::Question, ui::Buttons::YesNo,
             ui::Answer::Yes);
-        if (answer != ui::Answer::Yes)
+        if (answer != ui::Answer::Yes) {
             return fail(QStringLiteral("Het bestaande bestand %1 is gehouden.").arg(path));
+        }
     }
     durable::removeLeftovers(folder);
-    if (table == QLatin1String("FactArt"))
+    if (table == QLatin1String("FactArt")) {
         return exportInvoiceOverview(path);
+    }
     const QString kind = extension.toLower();
-    if (kind != QLatin1String("csv") && kind != QLatin1String("zip"))
+    if (kind != QLatin1String("csv") && kind != QLatin1String("zip")) {
         return fail(QStringLiteral("Onbekende bestandssoort: ") + extension);
+    }
     return exportTable(table, path);
 }
 
@@ -209,8 +224,9 @@ bool clsXport::exportTable(const QString& table, const QString& path) {
         Connection& connection = sharedConnection();
         const qint64 rows = rowCount(connection, table);
         const auto set = connection.openReadSet(QStringLiteral("SELECT * FROM ") + table);
-        if (set->isEOF())
+        if (set->isEOF()) {
             return fail(QStringLiteral("De tabel %1 is leeg.").arg(table));
+        }
         const auto progress =
             ui::service().progress(QStringLiteral("Exporteren van ") + table, rows);
         files.MaakRegel(columnNames(*set), kSeparator);
@@ -219,12 +235,14 @@ bool clsXport::exportTable(const QString& table, const QString& path) {
         for (qint64 done = 0; !set->isEOF(); set->moveNext()) {
             rowTexts(*set, fields);
             files.MaakRegel(fields, kSeparator);
-            if (++done % kProgressStep == 0 && cancelled(*progress, done))
+            if (++done % kProgressStep == 0 && cancelled(*progress, done)) {
                 return failed(QStringLiteral("De export is afgebroken."));
+            }
         }
         files.Sluiten();
-        if (!durable::syncFile(temporary))
+        if (!durable::syncFile(temporary)) {
             return failed(durable::systemReason(QStringLiteral("Kan niet vastleggen"), path));
+        }
         return durable::publish(temporary, path, &failure_);
     } catch (const Error& error) {
         return failed(failureText(error).replace(temporary, path));
@@ -235,8 +253,9 @@ bool clsXport::exportInvoiceOverview(const QString& path) {
     try {
         const QString text = invoiceOverview() + QStringLiteral("\r\n");
         durable::PublishedFile file(path);
-        if (!file.open() || !file.write(ansi::encode(text)) || !file.commit())
+        if (!file.open() || !file.write(ansi::encode(text)) || !file.commit()) {
             throw Error(Error::PathFileAccess, QStringLiteral("clsXport"), file.failure());
+        }
         return true;
     } catch (const Error& error) {
         reportOverviewError(error);
@@ -258,25 +277,29 @@ QString clsXport::GetSpecialfolder(int id) {
         {0x27, QStandardPaths::PicturesLocation},    {0x28, QStandardPaths::HomeLocation},
     };
     for (const auto& [csidl, location] : kFolders) {
-        if (csidl == id)
+        if (csidl == id) {
             return QStandardPaths::writableLocation(location);
+        }
     }
     return QString();
 }
 
 bool clsXport::Mport(const QString& table, const QString& path) {
     failure_.clear();
-    if (table.isEmpty())
+    if (table.isEmpty()) {
         return fail(QStringLiteral("Geen tabel gekozen."));
-    if (!clsFileSys().FileExists(path))
+    }
+    if (!clsFileSys().FileExists(path)) {
         return fail(QStringLiteral("Het bestand %1 bestaat niet.").arg(path));
+    }
     Connection& connection = sharedConnection();
     clsDatabase database;
     const auto set = database.ExecuteQuery(QStringLiteral("SELECT * FROM ") + table +
                                            QStringLiteral(" WHERE 1=2"));
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly)) {
         return fail(QStringLiteral("Kan %1 niet lezen: %2").arg(path, file.errorString()));
+    }
     const auto progress =
         ui::service().progress(QStringLiteral("Importeren in ") + table, file.size());
     AnsiLineReader reader(file);
@@ -288,9 +311,10 @@ bool clsXport::Mport(const QString& table, const QString& path) {
             storeLine(*set, fields, lineNumber);
             batch.lineStored();
         }
-        if (lineNumber % kProgressStep == 0 && cancelled(*progress, reader.position()))
+        if (lineNumber % kProgressStep == 0 && cancelled(*progress, reader.position())) {
             return fail(
                 QStringLiteral("Het importeren is afgebroken na regel %1.").arg(lineNumber));
+        }
     }
     batch.finish();
     set->close();

@@ -36,8 +36,9 @@ QString joined(const QString& first, const QString& second) {
 QStringList withoutEmpty(const QStringList& lines) {
     QStringList kept;
     for (const QString& line : lines) {
-        if (!line.trimmed().isEmpty())
+        if (!line.trimmed().isEmpty()) {
             kept.append(line.trimmed());
+        }
     }
     return kept;
 }
@@ -107,8 +108,9 @@ report::Document etiketten(const QList<clsObjKlant>& klanten, const EtiketVel& v
     const int start = std::clamp(eerstePositie, 1, vel.perVel()) - 1;
     for (qsizetype i = 0; i < klanten.size(); ++i) {
         const qsizetype plek = start + i;
-        if (plek % vel.perVel() == 0 || document.pages.isEmpty())
+        if (plek % vel.perVel() == 0 || document.pages.isEmpty()) {
             document.pages.append(report::Page());
+        }
         const int opVel = static_cast<int>(plek % vel.perVel());
         const QPointF hoek(links + (opVel % vel.kolommen) * vel.breedte + kRand,
                            boven + (opVel / vel.kolommen) * vel.hoogte + kRand);

@@ -16,8 +16,9 @@ report::Document DataReport::document() const {
     report::ReportData data;
     if (dataSource_) {
         Recordset& set = *dataSource_;
-        if (set.recordCount() != 0)
+        if (set.recordCount() != 0) {
             set.moveFirst();
+        }
         const QStringList children = set.childNames();
         data = children.isEmpty() ? report::ReportData::fromFlat(set)
                                   : report::ReportData::fromShape(set, children.first());
@@ -33,12 +34,14 @@ QString DataReport::titel(const report::ReportData&) const {
 
 void DataReport::Show() {
     visible_ = true;
-    if (report::Presenter* presenter = report::presenter())
+    if (report::Presenter* presenter = report::presenter()) {
         shown_ = presenter->present(document());
+    }
 }
 
 void DataReport::setVisible(bool visible) {
     visible_ = visible;
-    if (!visible && shown_)
+    if (!visible && shown_) {
         shown_->hide();
+    }
 }

@@ -22,8 +22,9 @@ void FactuurSjabloon::DataReport_Initialize(const clsObjInstellingen& instelling
     setBottomMargin(margeInTwips(instellingen.MargeFactuurOnder()));
     const auto font =
         sjabloonFont(instellingen.FontName(), instellingen.FontSize(), gVoorbeeldFont());
-    if (!font)
+    if (!font) {
         return;
+    }
     // Every text takes the font; sizes keep their proportion to the body text, so a title
     // stays a title in any size chosen.
     report::Report& report = design();
@@ -31,8 +32,9 @@ void FactuurSjabloon::DataReport_Initialize(const clsObjInstellingen& instelling
     for (report::Band& band : report.bands) {
         for (report::Item& item : band.items) {
             if (item.kind == report::ItemKind::Line || item.kind == report::ItemKind::Box ||
-                item.kind == report::ItemKind::Image)
+                item.kind == report::ItemKind::Image) {
                 continue;
+            }
             item.font.family = font->naam;
             item.font.size *= scale;
         }
@@ -41,8 +43,9 @@ void FactuurSjabloon::DataReport_Initialize(const clsObjInstellingen& instelling
 
 void FactuurSjabloon::SetLogo(const QString& path) {
     report::Item* logo = GeefControl(QStringLiteral("imgLogo"));
-    if (!logo || path.isEmpty())
+    if (!logo || path.isEmpty()) {
         return;
+    }
     QImageReader reader(path);
     QImage picture = reader.read();
     if (picture.isNull()) {
@@ -55,27 +58,31 @@ void FactuurSjabloon::SetLogo(const QString& path) {
     const double dpmX = picture.dotsPerMeterX() > 0 ? picture.dotsPerMeterX() : 2835;
     const double dpmY = picture.dotsPerMeterY() > 0 ? picture.dotsPerMeterY() : 2835;
     const QSizeF himetric(picture.width() / dpmX * 100000, picture.height() / dpmY * 100000);
-    if (logoInZoom(himetric, logo->rect.size()))
+    if (logoInZoom(himetric, logo->rect.size())) {
         logo->zoom = true;
+    }
     logo->image = std::move(picture);
 }
 
 QString FactuurSjabloon::titel(const report::ReportData& data) const {
     const int nummer = data.headColumns->indexOf(QStringLiteral("Factuur.Nummer"));
-    if (data.groups.size() == 1 && nummer >= 0)
+    if (data.groups.size() == 1 && nummer >= 0) {
         return QStringLiteral("Factuur ") + data.groups.first().head.value(nummer).toString();
+    }
     return QStringLiteral("Facturen");
 }
 
 void FactuurSjabloon::SetVrijeTekst(const QString& text) {
-    if (report::Item* label = GeefControl(QStringLiteral("lblVrijeTekst")))
+    if (report::Item* label = GeefControl(QStringLiteral("lblVrijeTekst"))) {
         label->text = text;
+    }
 }
 
 std::optional<int> sjabloonNummer(qint16 sjabloon) {
     static constexpr int order[] = {4, 1, 5, 6, 2, 3, 7};
-    if (sjabloon < 0 || sjabloon >= qint16(std::size(order)))
+    if (sjabloon < 0 || sjabloon >= qint16(std::size(order))) {
         return std::nullopt;
+    }
     return order[sjabloon];
 }
 
@@ -97,16 +104,18 @@ std::optional<SjabloonFont> sjabloonFont(const QString& fontName, float fontSize
         naam = voorbeeld.naam;
         grootte = voorbeeld.grootte;
     }
-    if (naam.isEmpty())
+    if (naam.isEmpty()) {
         return std::nullopt;
+    }
     SjabloonFont font{naam, std::nullopt};
     bool ok = false;
     const double size = Regional::locale().toDouble(grootte.trimmed(), &ok);
     // A size that is no number counts as -1 and is not applied; nor is one that could not
     // be printed (0 or less).
     const int whole = ok ? int(std::nearbyint(size)) : -1;
-    if (whole > 0)
+    if (whole > 0) {
         font.grootte = whole;
+    }
     return font;
 }
 

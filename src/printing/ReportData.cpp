@@ -14,10 +14,12 @@ int Columns::indexOf(const QString& name) const {
     const QStringView bare = dot < 0 ? QStringView(name) : QStringView(name).mid(dot + 1);
     const QStringView table = dot < 0 ? QStringView() : QStringView(name).left(dot);
     for (int i = 0; i < size(); ++i) {
-        if (names_[i].compare(bare, Qt::CaseInsensitive) != 0)
+        if (names_[i].compare(bare, Qt::CaseInsensitive) != 0) {
             continue;
-        if (dot < 0 || tables_[i].compare(table, Qt::CaseInsensitive) == 0)
+        }
+        if (dot < 0 || tables_[i].compare(table, Qt::CaseInsensitive) == 0) {
             return i;
+        }
     }
     return -1;
 }
@@ -25,11 +27,15 @@ int Columns::indexOf(const QString& name) const {
 namespace {
 
 void addColumns(Columns& columns, const Recordset& set) {
-    for (int i = 0; i < set.fieldCount(); ++i) columns.add(set.field(i).name, set.field(i).table);
+    for (int i = 0; i < set.fieldCount(); ++i) {
+        columns.add(set.field(i).name, set.field(i).table);
+    }
 }
 
 void appendValues(Row& row, const Recordset& set) {
-    for (int i = 0; i < set.fieldCount(); ++i) row.append(set.value(i));
+    for (int i = 0; i < set.fieldCount(); ++i) {
+        row.append(set.value(i));
+    }
 }
 
 // A detail row: its own values, then those of the first row of each of its child sets.
@@ -40,7 +46,9 @@ Row detailRow(Recordset& set, const QStringList& children, int width) {
     for (const QString& name : children) {
         Recordset& child = set.child(name);
         if (child.isEOF()) {
-            for (int i = 0; i < child.fieldCount(); ++i) row.append(QVariant());
+            for (int i = 0; i < child.fieldCount(); ++i) {
+                row.append(QVariant());
+            }
         } else {
             appendValues(row, child);
         }
@@ -84,20 +92,25 @@ ReportData ReportData::fromShape(Recordset& set, const QString& childName) {
         }
         for (; !lines.isEOF(); lines.moveNext()) {
             if (details->size() == lines.fieldCount() && !grandChildren.isEmpty()) {
-                for (const QString& name : grandChildren) addColumns(*details, lines.child(name));
+                for (const QString& name : grandChildren) {
+                    addColumns(*details, lines.child(name));
+                }
             }
             group.details.append(detailRow(lines, grandChildren, details->size()));
         }
         data.groups.append(std::move(group));
     }
-    if (details)
+    if (details) {
         data.detailColumns = details;
+    }
     return data;
 }
 
 qsizetype ReportData::detailCount() const {
     qsizetype count = 0;
-    for (const Group& group : groups) count += group.details.size();
+    for (const Group& group : groups) {
+        count += group.details.size();
+    }
     return count;
 }
 

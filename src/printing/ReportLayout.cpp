@@ -20,20 +20,23 @@ public:
 
     QVariant of(const QString& source) {
         const auto found = cache_.constFind(source);
-        if (found != cache_.cend())
+        if (found != cache_.cend()) {
             return *found;
+        }
         const int index = columns_.indexOf(source);
-        if (index < 0)
+        if (index < 0) {
             throw Error(Error::ItemNotFound, QStringLiteral("report"),
                         QStringLiteral("Item cannot be found in the collection: ") + source);
+        }
         Currency money;
         double number = 0;
         bool isMoney = true;
         for (const Group* group : groups_) {
             for (const Row& row : group->details) {
                 const QVariant& value = row[index];
-                if (!value.isValid())
+                if (!value.isValid()) {
                     continue;
+                }
                 if (value.userType() == qMetaTypeId<Currency>()) {
                     money += value.value<Currency>();
                 } else {
@@ -67,13 +70,17 @@ public:
         const Group none;
         group_ = data_.groups.isEmpty() ? &none : &data_.groups.first();
         QList<const Group*> all;
-        for (const Group& group : data_.groups) all.append(&group);
+        for (const Group& group : data_.groups) {
+            all.append(&group);
+        }
         Sums reportSums(*data_.detailColumns, all);
         reportSums_ = &reportSums;
 
         startPage(false);
         place(BandKind::ReportHeader);
-        for (const Group& group : data_.groups) printGroup(group);
+        for (const Group& group : data_.groups) {
+            printGroup(group);
+        }
         placeKept(BandKind::ReportFooter);
         finishPages();
         numberPages();
@@ -89,12 +96,14 @@ private:
         group_ = &group;
         Sums sums(*data_.detailColumns, {&group});
         groupSums_ = &sums;
-        if (band(BandKind::GroupHeader).newPage && !pageIsFresh())
+        if (band(BandKind::GroupHeader).newPage && !pageIsFresh()) {
             startPage(false);
+        }
         // The head of a group is not left alone at the foot of a page: it keeps its first row.
         const double firstDetail = group.details.isEmpty() ? 0 : height(BandKind::Detail);
-        if (!fits(height(BandKind::GroupHeader) + height(BandKind::ColumnHeader) + firstDetail))
+        if (!fits(height(BandKind::GroupHeader) + height(BandKind::ColumnHeader) + firstDetail)) {
             startPage(false);
+        }
         place(BandKind::GroupHeader);
         place(BandKind::ColumnHeader);
         groupStartY_ = y_;
@@ -105,8 +114,9 @@ private:
             const bool last = &row == &group.details.last();
             const double needed =
                 last && withFoot <= continuationRoom() ? withFoot : height(BandKind::Detail);
-            if (!fits(needed) && !pageHasOnlyHeads())
+            if (!fits(needed) && !pageHasOnlyHeads()) {
                 startPage(true);
+            }
             detail_ = &row;
             place(BandKind::Detail);
             detail_ = nullptr;
@@ -129,10 +139,12 @@ private:
     // A band that does not fit goes to the next page; one taller than a whole page is
     // placed on a fresh page all the same, and what runs past the paper is not seen.
     void placeKept(BandKind kind) {
-        if (!band(kind).present)
+        if (!band(kind).present) {
             return;
-        if (!fits(band(kind).height) && !pageIsFresh())
+        }
+        if (!fits(band(kind).height) && !pageIsFresh()) {
             startPage(false);
+        }
         place(kind);
     }
 
@@ -140,16 +152,18 @@ private:
         pages_.append(Page());
         y_ = report_.topMargin;
         place(BandKind::PageHeader);
-        if (continuingGroup)
+        if (continuingGroup) {
             place(BandKind::ColumnHeader);
+        }
         freshY_ = y_;
         groupStartY_ = y_;
     }
 
     void finishPages() {
         const Band& footer = band(BandKind::PageFooter);
-        if (!footer.present)
+        if (!footer.present) {
             return;
+        }
         for (int i = 0; i < pages_.size(); ++i) {
             drawBand(footer, pages_[i],
                      report_.paper.height() - report_.bottomMargin - footer.height);
@@ -160,8 +174,9 @@ private:
         const QString count = QString::number(pages_.size());
         for (int i = 0; i < pages_.size(); ++i) {
             for (DrawItem& item : pages_[i].items) {
-                if (!item.pageNumber)
+                if (!item.pageNumber) {
                     continue;
+                }
                 item.text.replace(QLatin1String("{count}"), count);
                 item.text.replace(QLatin1String("{}"), QString::number(i + 1));
                 item.pageNumber = false;
@@ -171,16 +186,18 @@ private:
 
     void place(BandKind kind) {
         const Band& b = band(kind);
-        if (!b.present)
+        if (!b.present) {
             return;
+        }
         drawBand(b, pages_.last(), y_);
         y_ += b.height;
     }
 
     void drawBand(const Band& b, Page& page, double top) {
         for (const Item& item : b.items) {
-            if (!item.visible)
+            if (!item.visible) {
                 continue;
+            }
             DrawItem draw;
             draw.rect = item.rect.translated(report_.leftMargin, top);
             switch (item.kind) {
@@ -196,8 +213,9 @@ private:
                     draw.color = item.color;
                     break;
                 case ItemKind::Image:
-                    if (item.image.isNull())
+                    if (item.image.isNull()) {
                         continue;
+                    }
                     draw.kind = DrawItem::Kind::Image;
                     draw.image = item.image;
                     draw.zoom = item.zoom;
@@ -205,8 +223,9 @@ private:
                     break;
                 default:
                     draw.text = text(item);
-                    if (draw.text.isEmpty())
+                    if (draw.text.isEmpty()) {
                         continue;
+                    }
                     draw.font = item.font;
                     draw.alignment = item.alignment;
                     draw.wrap = item.wrap;
@@ -239,24 +258,29 @@ private:
     QVariant value(const QString& source) {
         if (detail_) {
             const int index = indexIn(*data_.detailColumns, detailIndex_, source);
-            if (index >= 0)
+            if (index >= 0) {
                 return (*detail_)[index];
+            }
         }
-        if (data_.groups.isEmpty())
+        if (data_.groups.isEmpty()) {
             return QVariant();  // an empty report has nothing to bind
+        }
         const int index = indexIn(*data_.headColumns, headIndex_, source);
-        if (index >= 0 && index < group_->head.size())
+        if (index >= 0 && index < group_->head.size()) {
             return group_->head[index];
-        if (index >= 0)
+        }
+        if (index >= 0) {
             return QVariant();
+        }
         throw Error(Error::ItemNotFound, QStringLiteral("report"),
                     QStringLiteral("Item cannot be found in the collection: ") + source);
     }
 
     static int indexIn(const Columns& columns, QHash<QString, int>& cache, const QString& name) {
         auto found = cache.constFind(name);
-        if (found == cache.cend())
+        if (found == cache.cend()) {
             found = cache.insert(name, columns.indexOf(name));
+        }
         return *found;
     }
 

@@ -85,10 +85,13 @@ struct Report {
     Band& band(BandKind kind) { return bands[int(kind)]; }
     // The first item of any band with that name; nullptr when there is none.
     Item* item(const QString& name) {
-        for (Band& band : bands)
-            for (Item& item : band.items)
-                if (item.name == name)
+        for (Band& band : bands) {
+            for (Item& item : band.items) {
+                if (item.name == name) {
                     return &item;
+                }
+            }
+        }
         return nullptr;
     }
     const Band& band(BandKind kind) const { return bands[int(kind)]; }

@@ -66,8 +66,9 @@ private:
     };
 
     const Font& font(const FontSpec& spec) {
-        if (lastSpec_ && *lastSpec_ == spec)
+        if (lastSpec_ && *lastSpec_ == spec) {
             return *lastFont_;
+        }
         const QString key = spec.family + u'|' + QString::number(spec.size) + u'|' +
                             QChar(spec.bold ? u'b' : u'-') + QChar(spec.italic ? u'i' : u'-');
         auto found = fonts_.find(key);
@@ -85,8 +86,9 @@ private:
 
     void drawText(const DrawItem& item) {
         const Font& f = font(item.font);
-        if (painter_.font() != f.font)
+        if (painter_.font() != f.font) {
             painter_.setFont(f.font);
+        }
         painter_.setPen(Qt::black);
         const QRectF rect = map(item.rect);
         if (item.wrap) {
@@ -103,10 +105,11 @@ private:
             width = metrics.horizontalAdvance(shown);
         }
         double x = rect.left();
-        if (item.alignment & Qt::AlignRight)
+        if (item.alignment & Qt::AlignRight) {
             x = rect.right() - width;
-        else if (item.alignment & Qt::AlignHCenter)
+        } else if (item.alignment & Qt::AlignHCenter) {
             x = rect.left() + (rect.width() - width) / 2;
+        }
         const double baseline =
             rect.top() + (rect.height() - metrics.height()) / 2 + metrics.ascent();
         painter_.drawText(QPointF(x, baseline), shown);
@@ -127,10 +130,11 @@ private:
                           item.image.height() / dpmY * twipsPerMetre * sy_);
         }
         double x = frame.left();
-        if (item.alignment & Qt::AlignRight)
+        if (item.alignment & Qt::AlignRight) {
             x = frame.right() - size.width();
-        else if (item.alignment & Qt::AlignHCenter)
+        } else if (item.alignment & Qt::AlignHCenter) {
             x = frame.left() + (frame.width() - size.width()) / 2;
+        }
         painter_.save();
         painter_.setClipRect(frame);
         painter_.setRenderHint(QPainter::SmoothPixmapTransform);
@@ -163,19 +167,22 @@ bool render(const Document& document, QPagedPaintDevice& device) {
     const QSizeF points = document.paper / 20;
     const QPageSize paper(landscape ? points.transposed() : points, QPageSize::Point, QString(),
                           QPageSize::FuzzyMatch);
-    if (auto* printer = dynamic_cast<QPrinter*>(&device))
+    if (auto* printer = dynamic_cast<QPrinter*>(&device)) {
         printer->setFullPage(true);
+    }
     device.setPageLayout(QPageLayout(
         paper, landscape ? QPageLayout::Landscape : QPageLayout::Portrait, QMarginsF()));
     QPainter painter;
-    if (!painter.begin(&device))
+    if (!painter.begin(&device)) {
         return false;
+    }
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setRenderHint(QPainter::TextAntialiasing);
     PageDrawer drawer(painter, device.logicalDpiX() / 1440.0, device.logicalDpiY() / 1440.0);
     for (int i = 0; i < document.pages.size(); ++i) {
-        if (i > 0 && !device.newPage())
+        if (i > 0 && !device.newPage()) {
             return false;
+        }
         drawer.draw(document.pages[i]);
     }
     return painter.end();
@@ -183,8 +190,9 @@ bool render(const Document& document, QPagedPaintDevice& device) {
 
 bool writePdf(const Document& document, const QString& path) {
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
+    if (!file.open(QIODevice::WriteOnly)) {
         return false;
+    }
     {
         QPdfWriter writer(&file);
         writer.setResolution(1200);
@@ -195,8 +203,9 @@ bool writePdf(const Document& document, const QString& path) {
             return false;
         }
     }
-    if (file.error() != QFileDevice::NoError || !file.commit())
+    if (file.error() != QFileDevice::NoError || !file.commit()) {
         return false;
+    }
     flushFolder(path);
     return true;
 }

@@ -11,21 +11,27 @@ namespace {
 // Groups of three digits from the right, joined by ".".
 QString groupedWhole(quint64 whole) {
     QString digits = QString::number(whole);
-    for (qsizetype at = digits.size() - 3; at > 0; at -= 3) digits.insert(at, u'.');
+    for (qsizetype at = digits.size() - 3; at > 0; at -= 3) {
+        digits.insert(at, u'.');
+    }
     return digits;
 }
 
 Currency toCurrency(const QVariant& value) {
-    if (value.canConvert<Currency>() && value.userType() == qMetaTypeId<Currency>())
+    if (value.canConvert<Currency>() && value.userType() == qMetaTypeId<Currency>()) {
         return value.value<Currency>();
+    }
     return Currency::fromDouble(value.toDouble());
 }
 
 QString numberText(double value) {
     QString text = QString::number(value, 'f', 2);
-    while (text.contains(u'.') && (text.endsWith(u'0') || text.endsWith(u'.'))) text.chop(1);
-    if (text == QLatin1String("-0"))
+    while (text.contains(u'.') && (text.endsWith(u'0') || text.endsWith(u'.'))) {
+        text.chop(1);
+    }
+    if (text == QLatin1String("-0")) {
         text = QStringLiteral("0");
+    }
     return text.replace(u'.', u',');
 }
 
@@ -42,8 +48,9 @@ QString amountText(Currency amount) {
 }
 
 QString formatValue(const QVariant& value, Format format) {
-    if (!value.isValid() || value.isNull())
+    if (!value.isValid() || value.isNull()) {
         return QString();
+    }
     switch (format) {
         case Format::Amount:
             return amountText(toCurrency(value));
@@ -65,8 +72,9 @@ QString formatValue(const QVariant& value, Format format) {
         case QMetaType::Bool:
             return value.toBool() ? QStringLiteral("Waar") : QStringLiteral("Onwaar");
         default:
-            if (value.userType() == qMetaTypeId<Currency>())
+            if (value.userType() == qMetaTypeId<Currency>()) {
                 return Regional::currencyNumberText(value.value<Currency>());
+            }
             return value.toString();
     }
 }

@@ -4,7 +4,8 @@
 
 clsObjInstellingen huidigeInstellingen() {
     const QList<clsObjInstellingen> rows = clsObjInstellingen().Lijst(QString());
-    if (rows.isEmpty())
+    if (rows.isEmpty()) {
         throw Error::subscriptOutOfRange(QStringLiteral("Instellingen"));
+    }
     return rows.first();
 }

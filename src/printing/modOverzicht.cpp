@@ -25,8 +25,9 @@ void ToonOverzicht(DataReport& report, qint16 keuze, bool verbergen) {
         report.setVisible(true);
         report.setDataSource(gOverzichtSet());
         report.Show();
-        if (gVerbergOverzicht())
+        if (gVerbergOverzicht()) {
             report.setVisible(false);
+        }
     }
     gVerbergOverzicht() = false;
 }

@@ -26,8 +26,9 @@ QStringList factuurIds(const QStringList& nummers) {
     for (const QString& nummer : nummers) {
         bool ok = false;
         numbers.append(QString::number(nummer.toInt(&ok)));
-        if (!ok)
+        if (!ok) {
             numbers.last() = QString();
+        }
     }
     QHash<QString, QString> ids;
     const QString valid = numbers.join(u',').split(u',', Qt::SkipEmptyParts).join(u',');
@@ -35,8 +36,9 @@ QStringList factuurIds(const QStringList& nummers) {
         const auto set = clsDatabase().openReadSet(
             QStringLiteral("SELECT Nummer, FactuurID FROM Factuur WHERE Nummer IN (") + valid +
             u')');
-        for (; !set->isEOF(); set->moveNext())
+        for (; !set->isEOF(); set->moveNext()) {
             ids.insert(set->value(0).toString(), set->value(1).toString());
+        }
     }
     QStringList result;
     for (qsizetype i = 0; i < nummers.size(); ++i) {
@@ -84,8 +86,9 @@ bool FacturenAlsPdf(const QStringList& nummers, const QString& path) {
             return false;
         }
         const QStringList ids = factuurIds(nummers);
-        if (ids.isEmpty())
+        if (ids.isEmpty()) {
             return false;
+        }
         sjabloon->setDataSource(std::shared_ptr<Recordset>(
             gConnectie->openUpdatableSet(clsObjSjabloon::FactuurCommando(ids.join(u',')))));
         sjabloon->SetLogo(instellingen.Logo());

@@ -16,10 +16,10 @@ enum class FieldType {
 };
 
 struct Field {
-    QString name;         // as the statement names it (alias or column)
-    QString table;        // base table, empty for an expression
+    QString name;   // as the statement names it (alias or column)
+    QString table;  // base table, empty for an expression
     FieldType type = FieldType::Variant;
-    int size = 0;         // maximum length of a TEXT(n) column, 0 when unlimited
+    int size = 0;  // maximum length of a TEXT(n) column, 0 when unlimited
     bool autoIncrement = false;
     bool primaryKey = false;
 };

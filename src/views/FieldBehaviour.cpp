@@ -44,10 +44,12 @@ void acceptOnly(QLineEdit* edit, const QString& characters) {
     new Watcher(edit, QEvent::KeyPress, [characters](QEvent* event) {
         const auto* key = static_cast<QKeyEvent*>(event);
         const QString text = key->text();
-        if (key->key() == Qt::Key_Backspace || text.isEmpty() || !text.at(0).isPrint())
+        if (key->key() == Qt::Key_Backspace || text.isEmpty() || !text.at(0).isPrint()) {
             return false;
-        if ((key->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0)
+        }
+        if ((key->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0) {
             return false;  // shortcuts: copy, paste, the buttons' accelerators
+        }
         for (const QChar c : text) {
             if (!characters.contains(c)) {
                 ui::service().playSound(QStringLiteral("Beep"));
@@ -69,12 +71,14 @@ void selectAllOnFocus(QLineEdit* edit) {
 void checkOnLeave(QLineEdit* edit, std::function<bool(const QString&)> valid,
                   const QString& caption) {
     new Watcher(edit, QEvent::FocusOut, [edit, valid, caption](QEvent* event) {
-        if (!leftForAnotherField(event) || valid(edit->text()))
+        if (!leftForAnotherField(event) || valid(edit->text())) {
             return false;
+        }
         // The focus has moved on by now: the message and the return come once it has.
         QTimer::singleShot(0, edit, [edit, valid, caption] {
-            if (!edit->isVisible() || valid(edit->text()))
+            if (!edit->isVisible() || valid(edit->text())) {
                 return;
+            }
             ui::message(QStringLiteral("Ongeldige waarde ingevoerd"), caption,
                         ui::Icon::Exclamation);
             edit->setFocus(Qt::OtherFocusReason);
@@ -86,8 +90,9 @@ void checkOnLeave(QLineEdit* edit, std::function<bool(const QString&)> valid,
 
 void zeroWhenLeftEmpty(QLineEdit* edit) {
     new Watcher(edit, QEvent::FocusOut, [edit](QEvent* event) {
-        if (leftForAnotherField(event) && edit->text().isEmpty())
+        if (leftForAnotherField(event) && edit->text().isEmpty()) {
             edit->setText(QStringLiteral("0"));
+        }
         return false;
     });
 }

@@ -18,8 +18,9 @@ public:
         : QObject(field), allowed_(allowed), backspaceAllowed_(backspaceAllowed) {}
 
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() != QEvent::KeyPress)
+        if (event->type() != QEvent::KeyPress) {
             return false;
+        }
         if (refused(*static_cast<QKeyEvent*>(event))) {
             ui::service().playSound(QStringLiteral("Beep"));
             return true;
@@ -29,16 +30,20 @@ public:
 
 private:
     bool refused(const QKeyEvent& key) const {
-        if (key.key() == Qt::Key_Backspace)
+        if (key.key() == Qt::Key_Backspace) {
             return !backspaceAllowed_;
-        if (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
+        }
+        if (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) {
             return false;
+        }
         const QString text = key.text();
-        if (text.isEmpty() || !text.at(0).isPrint())
+        if (text.isEmpty() || !text.at(0).isPrint()) {
             return false;
+        }
         for (const QChar c : text) {
-            if (!allowed_.contains(c))
+            if (!allowed_.contains(c)) {
                 return true;
+            }
         }
         return false;
     }
@@ -62,8 +67,9 @@ public:
         // Checked once the focus has settled: a message box and a refocus in the middle of
         // the focus change would tangle it.
         if (event->type() == QEvent::FocusOut &&
-            leftForAnotherControl(*static_cast<QFocusEvent*>(event)))
+            leftForAnotherControl(*static_cast<QFocusEvent*>(event))) {
             QMetaObject::invokeMethod(this, &LeaveCheck::check, Qt::QueuedConnection);
+        }
         return false;
     }
 
@@ -85,8 +91,9 @@ private:
 
     void check() {
         if (valid_(field_->text())) {
-            if (accepted_)
+            if (accepted_) {
                 accepted_();
+            }
             return;
         }
         ui::message(text_, caption_, ui::Icon::Exclamation);

@@ -19,10 +19,11 @@ void fitToMargin(Report& design, double marginTwips) {
     design.reportWidth = design.paper.width() - 2 * marginTwips;
     for (Band& band : design.bands) {
         for (Item& item : band.items) {
-            if (item.kind == ItemKind::Line)
+            if (item.kind == ItemKind::Line) {
                 item.rect.setWidth(design.reportWidth);
-            else if (item.alignment & Qt::AlignRight)
+            } else if (item.alignment & Qt::AlignRight) {
                 item.rect.moveRight(design.reportWidth);
+            }
         }
     }
 }
@@ -52,7 +53,9 @@ report::Document GridPrinter::document() const {
     // Columns keep their on-screen widths; a grid wider than the paper is narrowed.
     const double twipsPerPixel = 1440.0 / grid_.logicalDpiX();
     double total = 0;
-    for (int col = 0; col < grid_.cols(); ++col) total += grid_.colWidth(col) * twipsPerPixel;
+    for (int col = 0; col < grid_.cols(); ++col) {
+        total += grid_.colWidth(col) * twipsPerPixel;
+    }
     const double scale = total > design.reportWidth ? design.reportWidth / total : 1.0;
 
     Band& header = design.band(BandKind::ColumnHeader);
@@ -76,10 +79,13 @@ report::Document GridPrinter::document() const {
         columns->add(field.source, QString());
         x += width;
     }
-    for (BandKind kind : {BandKind::ColumnHeader, BandKind::Detail})
-        for (Item& item : design.band(kind).items)
-            if (item.kind == ItemKind::Line)
+    for (BandKind kind : {BandKind::ColumnHeader, BandKind::Detail}) {
+        for (Item& item : design.band(kind).items) {
+            if (item.kind == ItemKind::Line) {
                 item.rect.setWidth(qMin(x, design.reportWidth));
+            }
+        }
+    }
 
     ReportData data;
     data.detailColumns = columns;
@@ -87,7 +93,9 @@ report::Document GridPrinter::document() const {
     for (int row = 1; row < grid_.rows(); ++row) {
         Row values;
         values.reserve(grid_.cols());
-        for (int col = 0; col < grid_.cols(); ++col) values.append(grid_.textMatrix(row, col));
+        for (int col = 0; col < grid_.cols(); ++col) {
+            values.append(grid_.textMatrix(row, col));
+        }
         rows.details.append(std::move(values));
     }
     data.groups.append(std::move(rows));
@@ -101,10 +109,12 @@ bool GridPrinter::render(QPagedPaintDevice& device) const {
 bool GridPrinter::print() const {
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(title_);
-    if (!ui::service().choosePrinter(printer))
+    if (!ui::service().choosePrinter(printer)) {
         return false;
-    if (render(printer))
+    }
+    if (render(printer)) {
         return true;
+    }
     ui::message(QStringLiteral("De lijst kon niet worden afgedrukt."), QStringLiteral("Afdrukken"),
                 ui::Icon::Exclamation);
     return false;

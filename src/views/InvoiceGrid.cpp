@@ -20,8 +20,9 @@ void add(ListGrid& grid, const QString& cells, qint32 key) {
 }
 
 std::optional<qint32> currentKey(const ListGrid& grid) {
-    if (grid.currentRow() < 1 || grid.rows() <= 1)
+    if (grid.currentRow() < 1 || grid.rows() <= 1) {
         return std::nullopt;
+    }
     return grid.rowData(grid.currentRow());
 }
 
@@ -30,8 +31,9 @@ void closeBy(QWidget& screen, bool& closingByController) {
     screen.close();
     closingByController = false;
     // In the frame the sub-window goes with the screen, not only its contents.
-    if (auto* sub = qobject_cast<QMdiSubWindow*>(screen.parentWidget()))
+    if (auto* sub = qobject_cast<QMdiSubWindow*>(screen.parentWidget())) {
         sub->hide();
+    }
 }
 
 }  // namespace invoiceGrid

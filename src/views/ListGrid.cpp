@@ -31,22 +31,28 @@ int GridModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {
-    if (!index.isValid() || !valid(index.row() + 1, index.column()))
+    if (!index.isValid() || !valid(index.row() + 1, index.column())) {
         return {};
-    if (role == Qt::DisplayRole)
+    }
+    if (role == Qt::DisplayRole) {
         return text(index.row() + 1, index.column());
-    if (role == Qt::TextAlignmentRole)
+    }
+    if (role == Qt::TextAlignmentRole) {
         return QVariant::fromValue(withVerticalCentre(alignment(index.column())));
+    }
     return {};
 }
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal || !valid(0, section))
+    if (orientation != Qt::Horizontal || !valid(0, section)) {
         return {};
-    if (role == Qt::DisplayRole)
+    }
+    if (role == Qt::DisplayRole) {
         return headers_[section];
-    if (role == Qt::TextAlignmentRole)
+    }
+    if (role == Qt::TextAlignmentRole) {
         return QVariant::fromValue(withVerticalCentre(alignment(section)));
+    }
     return {};
 }
 
@@ -83,50 +89,58 @@ void GridModel::setBatched(bool batched) {
 
 void GridModel::setRows(int rows) {
     const qsizetype dataRows = qMax(rows, 1) - 1;
-    if (dataRows != rows_.size())
+    if (dataRows != rows_.size()) {
         changeRows([&] { rows_.resize(dataRows); });
+    }
 }
 
 void GridModel::setCols(int cols) {
     cols = qMax(cols, 0);
-    if (cols == cols_)
+    if (cols == cols_) {
         return;
+    }
     changeRows([&] {
         const bool shrinking = cols < cols_;
         cols_ = cols;
         headers_.resize(cols);
         alignments_.resize(cols, defaultAlignment);
         if (shrinking) {
-            for (Row& row : rows_)
-                if (row.cells.size() > cols)
+            for (Row& row : rows_) {
+                if (row.cells.size() > cols) {
                     row.cells.resize(cols);
+                }
+            }
         }
     });
 }
 
 QString GridModel::text(int row, int col) const {
-    if (!valid(row, col))
+    if (!valid(row, col)) {
         return {};
+    }
     return row == 0 ? headers_[col] : rows_[row - 1].cells.value(col);
 }
 
 void GridModel::setText(int row, int col, const QString& text) {
-    if (!valid(row, col))
+    if (!valid(row, col)) {
         return;
+    }
     if (row == 0) {
         headers_[col] = text;
     } else {
         QStringList& cells = rows_[row - 1].cells;
-        if (cells.size() <= col)
+        if (cells.size() <= col) {
             cells.resize(col + 1);
+        }
         cells[col] = text;
     }
     announceChange(row, col);
 }
 
 void GridModel::announceChange(int row, int col) {
-    if (resetPending_)
+    if (resetPending_) {
         return;
+    }
     if (row == 0) {
         Q_EMIT headerDataChanged(Qt::Horizontal, col, col);
     } else {
@@ -138,8 +152,9 @@ void GridModel::announceChange(int row, int col) {
 QString GridModel::rowText(int row) const {
     QString line;
     for (int col = 0; col < cols_; ++col) {
-        if (col > 0)
+        if (col > 0) {
             line += u'\t';
+        }
         line += text(row, col);
     }
     return line;
@@ -147,8 +162,9 @@ QString GridModel::rowText(int row) const {
 
 void GridModel::addRow(const QString& cells) {
     QStringList split = cells.split(u'\t');
-    if (split.size() > cols_)
+    if (split.size() > cols_) {
         split.resize(cols_);
+    }
     if (batched_) {
         changeRows([&] { rows_.append({std::move(split), 0}); });
         return;
@@ -164,18 +180,23 @@ int GridModel::rowData(int row) const {
 }
 
 void GridModel::setRowData(int row, int data) {
-    if (row >= 1 && row < rows())
+    if (row >= 1 && row < rows()) {
         rows_[row - 1].data = data;
+    }
 }
 
 void GridModel::clearTexts() {
-    for (Row& row : rows_) row.cells.clear();
+    for (Row& row : rows_) {
+        row.cells.clear();
+    }
     headers_.fill(QString());
-    if (resetPending_ || cols_ == 0)
+    if (resetPending_ || cols_ == 0) {
         return;
+    }
     Q_EMIT headerDataChanged(Qt::Horizontal, 0, cols_ - 1);
-    if (!rows_.isEmpty())
+    if (!rows_.isEmpty()) {
         Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, cols_ - 1), {Qt::DisplayRole});
+    }
 }
 
 Qt::Alignment GridModel::alignment(int col) const {
@@ -183,14 +204,17 @@ Qt::Alignment GridModel::alignment(int col) const {
 }
 
 void GridModel::setAlignment(int col, Qt::Alignment alignment) {
-    if (!valid(0, col))
+    if (!valid(0, col)) {
         return;
+    }
     alignments_[col] = alignment;
-    if (resetPending_)
+    if (resetPending_) {
         return;
+    }
     Q_EMIT headerDataChanged(Qt::Horizontal, col, col);
-    if (!rows_.isEmpty())
+    if (!rows_.isEmpty()) {
         Q_EMIT dataChanged(index(0, col), index(rowCount() - 1, col), {Qt::TextAlignmentRole});
+    }
 }
 
 QList<int> GridModel::sortedOrder(int col, Qt::SortOrder order) const {
@@ -198,7 +222,9 @@ QList<int> GridModel::sortedOrder(int col, Qt::SortOrder order) const {
     collator.setCaseSensitivity(Qt::CaseInsensitive);
     std::vector<QCollatorSortKey> keys;
     keys.reserve(rows_.size());
-    for (const Row& row : rows_) keys.push_back(collator.sortKey(row.cells.value(col)));
+    for (const Row& row : rows_) {
+        keys.push_back(collator.sortKey(row.cells.value(col)));
+    }
 
     QList<int> sorted(rows_.size());
     std::iota(sorted.begin(), sorted.end(), 1);
@@ -214,7 +240,9 @@ void GridModel::reorder(const QList<int>& order) {
     changeRows([&] {
         QList<Row> reordered;
         reordered.reserve(order.size());
-        for (int row : order) reordered.append(std::move(rows_[row - 1]));
+        for (int row : order) {
+            reordered.append(std::move(rows_[row - 1]));
+        }
         rows_ = std::move(reordered);
     });
 }
@@ -237,8 +265,9 @@ ListGrid::ListGrid(QWidget* parent) : QTableView(parent) {
     connect(horizontalHeader(), &QHeaderView::sectionClicked, this, &ListGrid::headerClicked);
     // A column the user widens keeps its width when the list is filled again.
     connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int col, int, int size) {
-        if (col < colWidths_.size())
+        if (col < colWidths_.size()) {
             colWidths_[col] = size;
+        }
     });
     connect(selectionModel(), &QItemSelectionModel::currentChanged, this,
             &ListGrid::takeSelectionFromView);
@@ -259,9 +288,12 @@ void ListGrid::setCols(int cols) {
 }
 
 void ListGrid::setHeaders(const QStringList& headers) {
-    if (headers.size() != cols())
+    if (headers.size() != cols()) {
         setCols(static_cast<int>(headers.size()));
-    for (int col = 0; col < cols(); ++col) model_.setText(0, col, headers[col]);
+    }
+    for (int col = 0; col < cols(); ++col) {
+        model_.setText(0, col, headers[col]);
+    }
 }
 
 void ListGrid::addRow(const QString& cells) {
@@ -284,11 +316,13 @@ int ListGrid::colWidth(int col) const {
 }
 
 void ListGrid::setColWidth(int col, int width) {
-    if (col < 0 || col >= cols())
+    if (col < 0 || col >= cols()) {
         return;
+    }
     colWidths_[col] = qMax(width, 0);
-    if (viewInSync())
+    if (viewInSync()) {
         setColumnWidth(col, colWidths_[col]);
+    }
 }
 
 void ListGrid::setColAlignment(int col, Qt::Alignment alignment) {
@@ -311,24 +345,30 @@ void ListGrid::setSelectionEndRow(int row) {
 
 QList<int> ListGrid::selectedRows() const {
     QList<int> selected;
-    if (row_ <= 0 || rows() <= 1)
+    if (row_ <= 0 || rows() <= 1) {
         return selected;
+    }
     const int last = qMin(qMax(row_, rowSel_), rows() - 1);
-    for (int row = qMax(qMin(row_, rowSel_), 1); row <= last; ++row) selected.append(row);
+    for (int row = qMax(qMin(row_, rowSel_), 1); row <= last; ++row) {
+        selected.append(row);
+    }
     return selected;
 }
 
 QList<int> ListGrid::selectedRowData() const {
     QList<int> data;
-    for (int row : selectedRows()) data.append(rowData(row));
+    for (int row : selectedRows()) {
+        data.append(rowData(row));
+    }
     return data;
 }
 
 // The view keeps its current index at the end of the selection the user moved to; the
 // other end of the selected block is where the selection began (the classic current row).
 void ListGrid::takeSelectionFromView() {
-    if (showingSelection_ || !viewInSync())
+    if (showingSelection_ || !viewInSync()) {
         return;
+    }
     const QModelIndex current = selectionModel()->currentIndex();
     if (!current.isValid()) {
         row_ = rowSel_ = 0;
@@ -345,16 +385,21 @@ void ListGrid::takeSelectionFromView() {
     }
     int top = row;
     int bottom = row;
-    while (top > 1 && selectionModel()->isRowSelected(top - 2)) --top;
-    while (bottom < rows() - 1 && selectionModel()->isRowSelected(bottom)) ++bottom;
+    while (top > 1 && selectionModel()->isRowSelected(top - 2)) {
+        --top;
+    }
+    while (bottom < rows() - 1 && selectionModel()->isRowSelected(bottom)) {
+        ++bottom;
+    }
     // A current row inside the block (select all) counts as a selection downward.
     row_ = row == top ? bottom : top;
     rowSel_ = row == top ? top : bottom;
 }
 
 void ListGrid::showSelection() {
-    if (!viewInSync())
+    if (!viewInSync()) {
         return;
+    }
     row_ = clampRow(row_);
     rowSel_ = clampRow(rowSel_);
     const QScopedValueRollback guard(showingSelection_, true);
@@ -373,9 +418,11 @@ void ListGrid::showSelection() {
 }
 
 void ListGrid::restoreViewState() {
-    for (int col = 0; col < colWidths_.size(); ++col)
-        if (colWidths_[col] >= 0)
+    for (int col = 0; col < colWidths_.size(); ++col) {
+        if (colWidths_[col] >= 0) {
             setColumnWidth(col, colWidths_[col]);
+        }
+    }
     showSelection();
     if (pendingTopRow_ > 0) {
         scrollToTop(pendingTopRow_);
@@ -384,47 +431,55 @@ void ListGrid::restoreViewState() {
 }
 
 int ListGrid::topRow() const {
-    if (rows() <= 1)
+    if (rows() <= 1) {
         return 0;
-    if (!viewInSync())
+    }
+    if (!viewInSync()) {
         return pendingTopRow_ > 0 ? pendingTopRow_ : 1;
+    }
     const int row = rowAt(0);
     return row >= 0 ? row + 1 : 1;
 }
 
 void ListGrid::setTopRow(int row) {
-    if (rows() <= 1)
+    if (rows() <= 1) {
         return;
+    }
     row = qBound(1, row, rows() - 1);
-    if (viewInSync())
+    if (viewInSync()) {
         scrollToTop(row);
-    else
+    } else {
         pendingTopRow_ = row;
+    }
 }
 
 void ListGrid::scrollToTop(int row) {
-    if (row < 1 || row >= rows())
+    if (row < 1 || row >= rows()) {
         return;
+    }
     // The scroll range follows the rows only once the view has laid them out.
     executeDelayedItemsLayout();
     verticalScrollBar()->setValue(verticalHeader()->visualIndex(row - 1));
 }
 
 void ListGrid::setRedraw(bool redraw) {
-    if (redraw == redraw_)
+    if (redraw == redraw_) {
         return;
+    }
     redraw_ = redraw;
     model_.setBatched(!redraw);
     setUpdatesEnabled(redraw);
 }
 
 void ListGrid::sortRows(int col, Qt::SortOrder order) {
-    if (col < 0 || col >= cols())
+    if (col < 0 || col >= cols()) {
         return;
+    }
     const QList<int> sorted = model_.sortedOrder(col, order);
     // The current row keeps its record; a range cannot stay a range after a sort.
-    if (row_ > 0)
+    if (row_ > 0) {
         row_ = rowSel_ = static_cast<int>(sorted.indexOf(row_)) + 1;
+    }
     model_.reorder(sorted);
     sortColumn_ = col;
     sortOrder_ = order;
@@ -437,8 +492,9 @@ void ListGrid::sortRows(int col, Qt::SortOrder order) {
 
 void ListGrid::showSortIndicator() {
     horizontalHeader()->setSortIndicatorShown(sortColumn_ >= 0);
-    if (sortColumn_ >= 0)
+    if (sortColumn_ >= 0) {
         horizontalHeader()->setSortIndicator(sortColumn_, sortOrder_);
+    }
 }
 
 void ListGrid::mouseDoubleClickEvent(QMouseEvent* event) {

@@ -125,11 +125,13 @@ ui::Answer QtUiService::message(const ui::Message& message) {
                     boxButtons(message.buttons), dialogParent());
     // Texts such as "<JA>" or an error description must show as written.
     box.setTextFormat(Qt::PlainText);
-    if (auto* button = qobject_cast<QPushButton*>(box.button(boxButton(message.defaultButton))))
+    if (auto* button = qobject_cast<QPushButton*>(box.button(boxButton(message.defaultButton)))) {
         box.setDefaultButton(button);
+    }
     box.exec();
-    if (!box.clickedButton())
+    if (!box.clickedButton()) {
         return message.defaultButton;
+    }
     return answerOf(box.standardButton(box.clickedButton()), message.defaultButton);
 }
 
@@ -141,8 +143,9 @@ QStringList QtUiService::fileFilters(const QString& classicFilter) {
     QStringList filters;
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
         const QString pattern = parts[i + 1].split(u';', Qt::SkipEmptyParts).join(u' ').trimmed();
-        if (pattern.isEmpty())
+        if (pattern.isEmpty()) {
             continue;
+        }
         const QString name = QString(parts[i]).remove(shownPattern).trimmed();
         filters.append(name.isEmpty() ? pattern : name + QStringLiteral(" (") + pattern + u')');
     }

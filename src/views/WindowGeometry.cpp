@@ -35,8 +35,9 @@ public:
 private:
     // The window that has the size and place: the sub-window in the frame, else the screen.
     QWidget* window() const {
-        if (auto* sub = qobject_cast<QMdiSubWindow*>(screen_->parentWidget()))
+        if (auto* sub = qobject_cast<QMdiSubWindow*>(screen_->parentWidget())) {
             return sub;
+        }
         return screen_->window();
     }
 
@@ -44,16 +45,18 @@ private:
 
     void save() const {
         QWidget* target = window();
-        if (target->isWindow())
+        if (target->isWindow()) {
             settings().setValue(key(), target->saveGeometry());
-        else
+        } else {
             settings().setValue(key(), target->geometry());
+        }
     }
 
     void restore() const {
         const QVariant saved = settings().value(key());
-        if (!saved.isValid())
+        if (!saved.isValid()) {
             return;
+        }
         QWidget* target = window();
         if (target->isWindow()) {
             target->restoreGeometry(saved.toByteArray());
@@ -62,10 +65,11 @@ private:
         const QRect place = saved.toRect();
         const QRect area = target->parentWidget() ? target->parentWidget()->rect() : QRect();
         // A frame made smaller since keeps the size, but not a place out of its sight.
-        if (place.isValid() && area.intersects(place))
+        if (place.isValid() && area.intersects(place)) {
             target->setGeometry(place);
-        else if (place.isValid())
+        } else if (place.isValid()) {
             target->resize(place.size());
+        }
     }
 
     QWidget* screen_;

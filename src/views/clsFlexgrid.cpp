@@ -23,15 +23,18 @@ bool clsFlexgrid::search(Direction direction) {
         position_ = 0;
     }
     // The list may have been filled again with fewer rows since the last match.
-    if (position_ >= grid_.rows())
+    if (position_ >= grid_.rows()) {
         position_ = 0;
+    }
 
     const int found = direction == Direction::Forward ? findForward() : findBackward();
-    if (found > 0)
+    if (found > 0) {
         position_ = found;
+    }
     grid_.setCurrentRow(position_);
-    if (position_ > 0 && grid_.topRow() != position_)
+    if (position_ > 0 && grid_.topRow() != position_) {
         grid_.setTopRow(position_);
+    }
     showFound(found > 0);
     grid_.setRedraw(true);
     return found > 0;
@@ -40,25 +43,32 @@ bool clsFlexgrid::search(Direction direction) {
 // A text without a tab can only lie within one cell, so the cells are tested one by one:
 // the same answer as the joined row, without building a line for every row.
 bool clsFlexgrid::matches(int row) const {
-    if (text_.isEmpty() || text_.contains(u'\t'))
+    if (text_.isEmpty() || text_.contains(u'\t')) {
         return grid_.rowText(row).toLower().contains(text_);
-    for (int col = 0; col < grid_.cols(); ++col)
-        if (grid_.textMatrix(row, col).toLower().contains(text_))
+    }
+    for (int col = 0; col < grid_.cols(); ++col) {
+        if (grid_.textMatrix(row, col).toLower().contains(text_)) {
             return true;
+        }
+    }
     return false;
 }
 
 int clsFlexgrid::findForward() const {
-    for (int row = position_ + 1; row < grid_.rows(); ++row)
-        if (matches(row))
+    for (int row = position_ + 1; row < grid_.rows(); ++row) {
+        if (matches(row)) {
             return row;
+        }
+    }
     return 0;
 }
 
 int clsFlexgrid::findBackward() const {
-    for (int row = position_ - 1; row >= 1; --row)
-        if (matches(row))
+    for (int row = position_ - 1; row >= 1; --row) {
+        if (matches(row)) {
             return row;
+        }
+    }
     return 0;
 }
 

@@ -45,8 +45,9 @@ frmArtikel::~frmArtikel() = default;
 
 template <class Operation>
 void frmArtikel::forward(Operation operation) {
-    if (controller_)
+    if (controller_) {
         (controller_->*operation)();
+    }
 }
 
 void frmArtikel::connectButtons() {
@@ -99,10 +100,11 @@ void frmArtikel::beginFill(const QStringList& headers) {
     if (first) {
         const int character = fontMetrics().averageCharWidth();
         const int widths[] = {8, 40, 10, 13, 6};
-        for (int col = 0; col < grid.cols() && col < 5; ++col)
+        for (int col = 0; col < grid.cols() && col < 5; ++col) {
             grid.setColWidth(
                 col, std::max(widths[col] * character,
                               fontMetrics().horizontalAdvance(headers[col]) + 3 * character));
+        }
     }
 }
 
@@ -123,7 +125,9 @@ void frmArtikel::endFill() {
 
 QList<qint32> frmArtikel::selectedIDs() const {
     QList<qint32> ids;
-    for (const int id : ui_->fgrArtikelen->selectedRowData()) ids.append(id);
+    for (const int id : ui_->fgrArtikelen->selectedRowData()) {
+        ids.append(id);
+    }
     return ids;
 }
 
@@ -141,16 +145,18 @@ void frmArtikel::printList(const QString& title) {
 
 void frmArtikel::show() {
     frmFactuur::showInside(this);
-    if (selecting_)
+    if (selecting_) {
         ui_->fgrArtikelen->setFocus();
+    }
 }
 
 void frmArtikel::close() {
     closing_ = true;
-    if (auto* sub = qobject_cast<QMdiSubWindow*>(parentWidget()))
+    if (auto* sub = qobject_cast<QMdiSubWindow*>(parentWidget())) {
         sub->close();
-    else
+    } else {
         QWidget::close();
+    }
     closing_ = false;
 }
 

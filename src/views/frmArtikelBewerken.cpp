@@ -38,8 +38,9 @@ frmArtikelBewerken::frmArtikelBewerken(QWidget* parent)
 
     const auto call = [this](void (clsContrArtikelBewerken::*operation)()) {
         return [this, operation] {
-            if (controller_)
+            if (controller_) {
                 (controller_->*operation)();
+            }
         };
     };
     connect(ui_->cmdOK, &QPushButton::clicked, this, call(&clsContrArtikelBewerken::Opslaan));
@@ -66,9 +67,10 @@ void frmArtikelBewerken::addFieldRules() {
         ui_->txtPrijs, emptyOrNumeric, QStringLiteral("Ongeldige waarde voor prijs ingevuld"),
         kInvalid, [this] {
             const QString text = ui_->txtPrijs->text();
-            if (!text.isEmpty())
+            if (!text.isEmpty()) {
                 ui_->txtPrijs->setText(
                     Regional::amountText(Currency::fromDouble(conv::toDouble(text))));
+            }
         });
     fieldrules::keepsInvalidInput(ui_->cmdAnnuleren);
 }
@@ -169,8 +171,9 @@ void frmArtikelBewerken::close() {
 }
 
 void frmArtikelBewerken::reject() {
-    if (controller_)
+    if (controller_) {
         controller_->Annuleren();
-    else
+    } else {
         QDialog::reject();
+    }
 }

@@ -20,8 +20,9 @@ bool emptyOrNumeric(const QString& text) {
 void addRules(QLineEdit* field, const QString& caption) {
     fieldrules::filterKeys(field, fieldrules::kDigits + u',', true);
     fieldrules::checkOnLeave(field, emptyOrNumeric, kInvalid, caption, [field] {
-        if (field->text().isEmpty())
+        if (field->text().isEmpty()) {
             field->setText(QStringLiteral("0"));
+        }
     });
 }
 
@@ -68,8 +69,9 @@ void frmBewerkRegel::confirm() {
             field->selectAll();
             return;
         }
-        if (field->text().isEmpty())
+        if (field->text().isEmpty()) {
             field->setText(QStringLiteral("0"));
+        }
     }
     accept();
 }

@@ -14,12 +14,14 @@ frmEtiketten::frmEtiketten(QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::frmEtiketten>()) {
     ui_->setupUi(this);
     connect(ui_->cmbVel, &QComboBox::currentIndexChanged, this, [this](int index) {
-        if (events_)
+        if (events_) {
             events_->velGekozen(index);
+        }
     });
     connect(ui_->cmdToon, &QPushButton::clicked, this, [this] {
-        if (events_)
+        if (events_) {
             events_->toon();
+        }
     });
     connect(ui_->cmdSluiten, &QPushButton::clicked, this, &QDialog::close);
     rememberGeometry(this);
@@ -67,7 +69,8 @@ void frmEtiketten::close() {
 }
 
 void frmEtiketten::keyPressEvent(QKeyEvent* event) {
-    if (HelpKey::showPageOnHelpKey(event->key(), kHelpPage))
+    if (HelpKey::showPageOnHelpKey(event->key(), kHelpPage)) {
         return;
+    }
     QDialog::keyPressEvent(event);
 }

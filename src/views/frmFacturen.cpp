@@ -22,8 +22,9 @@ frmFacturen::frmFacturen(QWidget* parent)
     flexgrid_->connectSorting();
     const auto forward = [this](QPushButton* button, void (clsControllerFacturen::*action)()) {
         connect(button, &QPushButton::clicked, this, [this, action] {
-            if (controller_)
+            if (controller_) {
                 (controller_->*action)();
+            }
         });
     };
     forward(ui_->cmdNieuw, &clsControllerFacturen::NieuwFactuur);
@@ -33,8 +34,9 @@ frmFacturen::frmFacturen(QWidget* parent)
     forward(ui_->cmdEFactuur, &clsControllerFacturen::EFactuurGeselecteerde);
     forward(ui_->cmdOK, &clsControllerFacturen::Annuleren);
     connect(ui_->fgrFacturen, &ListGrid::gridDoubleClicked, this, [this] {
-        if (controller_)
+        if (controller_) {
             controller_->BewerkGeselecteerde();
+        }
     });
     rememberGeometry(this);
 }
@@ -83,15 +85,17 @@ void frmFacturen::close() {
 
 void frmFacturen::closeEvent(QCloseEvent* event) {
     // The close box asks the controller, which closes the screen through close().
-    if (closingByController_ || !controller_)
+    if (closingByController_ || !controller_) {
         return QWidget::closeEvent(event);
+    }
     event->ignore();
     controller_->Annuleren();
 }
 
 void frmFacturen::keyPressEvent(QKeyEvent* event) {
-    if (HelpKey::showPageOnHelpKey(event->key(), invoiceGrid::kHelpPage))
+    if (HelpKey::showPageOnHelpKey(event->key(), invoiceGrid::kHelpPage)) {
         return;
+    }
     // Enter opens the selected invoice (the one a search found, say); Escape closes.
     if (controller_ && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
         controller_->BewerkGeselecteerde();

@@ -26,8 +26,9 @@ frmFactuurBewerken::frmFactuurBewerken(QWidget* parent)
     connect(ui_->txtNummer, &QLineEdit::textChanged, this, &frmFactuurBewerken::reportNummer);
     const auto forward = [this](QPushButton* button, auto action) {
         connect(button, &QPushButton::clicked, this, [this, action] {
-            if (controller_)
+            if (controller_) {
                 action(*controller_);
+            }
         });
     };
     forward(ui_->cmdKlantZoeken, [](clsContrFactuurBewerken& c) { c.KlantSelecteren(); });
@@ -37,8 +38,9 @@ frmFactuurBewerken::frmFactuurBewerken(QWidget* parent)
     forward(ui_->cmdOK, [](clsContrFactuurBewerken& c) { c.Opslaan(); });
     forward(ui_->cmdAnnuleren, [](clsContrFactuurBewerken& c) { c.Annuleren(); });
     connect(ui_->fgrArtikelen, &ListGrid::gridDoubleClicked, this, [this] {
-        if (controller_)
+        if (controller_) {
             controller_->BewerkGeselecteerd();
+        }
     });
     connect(ui_->cmdSelecteerDatum, &QPushButton::clicked, this,
             &frmFactuurBewerken::SelecteerDatum);
@@ -109,9 +111,12 @@ void frmFactuurBewerken::addRow(const QString& cells, qint32 key) {
 void frmFactuurBewerken::endFill() {
     ListGrid& grid = *ui_->fgrArtikelen;
     const int widths[] = {100, 220, 70, 100, 60, 50, 60, 100};
-    for (int col = 0; col < grid.cols() && col < 8; ++col) grid.setColWidth(col, widths[col]);
-    for (const int col : {3, 4, 5, 6, 7})
+    for (int col = 0; col < grid.cols() && col < 8; ++col) {
+        grid.setColWidth(col, widths[col]);
+    }
+    for (const int col : {3, 4, 5, 6, 7}) {
         grid.setColAlignment(col, Qt::AlignRight | Qt::AlignVCenter);
+    }
     grid.setRedraw(true);
 }
 
@@ -136,15 +141,18 @@ void frmFactuurBewerken::close() {
 void frmFactuurBewerken::SelecteerDatum() {
     frmSelecteerDatum picker(this);
     const QDate typed = conv::fromDateText(ui_->txtDatum->text().trimmed());
-    if (typed.isValid())
+    if (typed.isValid()) {
         picker.SetDatum(typed);
-    if (picker.exec() == QDialog::Accepted)
+    }
+    if (picker.exec() == QDialog::Accepted) {
         ui_->txtDatum->setText(conv::toDateText(picker.Datum()));
+    }
 }
 
 void frmFactuurBewerken::reportNummer(const QString& text) {
-    if (!controller_)
+    if (!controller_) {
         return;
+    }
     bool valid = false;
     const qint32 nummer = text.toInt(&valid);
     controller_->ChangeFN(valid ? nummer : 0);
@@ -152,15 +160,17 @@ void frmFactuurBewerken::reportNummer(const QString& text) {
 
 void frmFactuurBewerken::closeEvent(QCloseEvent* event) {
     // The close box asks the controller, which closes the screen through close().
-    if (closingByController_ || !controller_)
+    if (closingByController_ || !controller_) {
         return QWidget::closeEvent(event);
+    }
     event->ignore();
     controller_->Annuleren();
 }
 
 void frmFactuurBewerken::keyPressEvent(QKeyEvent* event) {
-    if (HelpKey::showPageOnHelpKey(event->key(), invoiceGrid::kHelpPage))
+    if (HelpKey::showPageOnHelpKey(event->key(), invoiceGrid::kHelpPage)) {
         return;
+    }
     if (event->key() == Qt::Key_Escape && controller_) {
         controller_->Annuleren();
         return;

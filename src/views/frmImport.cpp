@@ -8,8 +8,9 @@ frmImport::frmImport(QWidget* parent) : QDialog(parent), ui_(std::make_unique<Ui
     ui_->setupUi(this);
     const auto importInto = [this](const QString& table) {
         return [this, table] {
-            if (events_)
+            if (events_) {
                 events_->importeer(table);
+            }
         };
     };
     connect(ui_->cmdKlanten, &QPushButton::clicked, this, importInto(QStringLiteral("Klant")));
@@ -19,8 +20,9 @@ frmImport::frmImport(QWidget* parent) : QDialog(parent), ui_(std::make_unique<Ui
     connectHelpButton(ui_->cmdHelpKlanten1, 1);
     connectHelpButton(ui_->cmdHelpKlanten2, 2);
     connect(ui_->cmdOK, &QPushButton::clicked, this, [this] {
-        if (events_)
+        if (events_) {
             events_->sluiten();
+        }
     });
 }
 
@@ -30,8 +32,9 @@ void frmImport::connectHelpButton(QWidget* button, int index) {
     button->setObjectName(QStringLiteral("cmdHelpKlanten"));
     button->setProperty("index", index);
     connect(static_cast<QPushButton*>(button), &QPushButton::clicked, this, [this, index] {
-        if (events_)
+        if (events_) {
             events_->toonVelden(index);
+        }
     });
 }
 

@@ -48,8 +48,9 @@ frmInstellingen::~frmInstellingen() = default;
 template <class Action>
 void frmInstellingen::forward(QPushButton* button, Action action) {
     connect(button, &QPushButton::clicked, this, [this, action] {
-        if (controller_)
+        if (controller_) {
             (controller_->*action)();
+        }
     });
 }
 
@@ -65,7 +66,9 @@ void frmInstellingen::connectButtons() {
 }
 
 void frmInstellingen::setUpFields() {
-    for (QLineEdit* each : findChildren<QLineEdit*>()) field::selectAllOnFocus(each);
+    for (QLineEdit* each : findChildren<QLineEdit*>()) {
+        field::selectAllOnFocus(each);
+    }
     const QString rateKeys = field::kDigits + QStringLiteral(",.");
     field::acceptOnly(ui_->txtBTWTarief1, rateKeys);
     field::acceptOnly(ui_->txtBTWTarief2, rateKeys);
@@ -77,15 +80,18 @@ void frmInstellingen::setUpFields() {
     field::checkOnLeave(ui_->txtDagen, &clsContrInstellingen::isGetal,
                         QStringLiteral("Dagen betalingstermijn"));
     connect(ui_->txtLogo, &QLineEdit::editingFinished, this, [this] {
-        if (controller_)
+        if (controller_) {
             controller_->InstellenLogo(ui_->txtLogo->text());
+        }
     });
 }
 
 void frmInstellingen::showPage(int index) {
     const QList<QPushButton*> buttons = {ui_->cmdInstellingen0, ui_->cmdInstellingen1,
                                          ui_->cmdInstellingen2};
-    for (QPushButton* button : buttons) button->setStyleSheet(kPageColour);
+    for (QPushButton* button : buttons) {
+        button->setStyleSheet(kPageColour);
+    }
     buttons.value(index)->setStyleSheet(kCurrentPageColour);
     ui_->stkPaginas->setCurrentIndex(index);
 }
@@ -154,8 +160,9 @@ void frmInstellingen::setNoSound(bool checked) {
 
 void frmInstellingen::showLogo(const QString& path) {
     QPixmap picture;
-    if (!path.isEmpty())
+    if (!path.isEmpty()) {
         picture.load(path);
+    }
     // A file that is no picture shows as a missing one.
     const bool shown = !picture.isNull();
     if (shown) {
@@ -176,26 +183,30 @@ void frmInstellingen::show() {
 void frmInstellingen::close() {
     controller_ = nullptr;
     QDialog::close();
-    if (parentWidget())
+    if (parentWidget()) {
         parentWidget()->close();  // the frame's sub-window around the screen
+    }
 }
 
 void frmInstellingen::keyPressEvent(QKeyEvent* event) {
-    if (HelpKey::showPageOnHelpKey(event->key(), HelpPage::Instellingen))
+    if (HelpKey::showPageOnHelpKey(event->key(), HelpPage::Instellingen)) {
         return;
+    }
     QDialog::keyPressEvent(event);
 }
 
 void frmInstellingen::closeEvent(QCloseEvent* event) {
     // The close box (of the screen or of its sub-window) cancels, as Annuleren does.
-    if (clsContrInstellingen* controller = std::exchange(controller_, nullptr))
+    if (clsContrInstellingen* controller = std::exchange(controller_, nullptr)) {
         controller->Annuleren();
+    }
     QDialog::closeEvent(event);
 }
 
 void frmInstellingen::reject() {
-    if (controller_)
+    if (controller_) {
         controller_->Annuleren();
-    else
+    } else {
         QDialog::reject();
+    }
 }

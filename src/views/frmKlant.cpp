@@ -42,8 +42,9 @@ frmKlant::~frmKlant() = default;
 template <typename Action>
 void frmKlant::onClick(QWidget* button, Action action) {
     connect(static_cast<QPushButton*>(button), &QPushButton::clicked, this, [this, action] {
-        if (controller_)
+        if (controller_) {
             action(*controller_);
+        }
     });
 }
 
@@ -56,8 +57,9 @@ void frmKlant::connectButtons() {
     onClick(ui_->cmdAfdrukken, [](clsControllerKlant& c) { c.AfdrukkenLijst(); });
     onClick(ui_->cmdAfdrukkenEnveloppe, [](clsControllerKlant& c) { c.AfdrukkenEnveloppe(); });
     connect(ui_->fgrKlanten, &ListGrid::gridDoubleClicked, this, [this] {
-        if (controller_)
+        if (controller_) {
             controller_->DubbelKlik();
+        }
     });
 }
 
@@ -83,16 +85,20 @@ void frmKlant::beginFill(const QList<GridColumn>& columns) {
     grid.clear();
     grid.setRows(1);
     QStringList headers;
-    for (const GridColumn& column : columns) headers << column.header;
+    for (const GridColumn& column : columns) {
+        headers << column.header;
+    }
     grid.setHeaders(headers);
-    for (int col = 0; col < columns.size(); ++col)
+    for (int col = 0; col < columns.size(); ++col) {
         grid.setColAlignment(col, columns.at(col).alignment);
+    }
     if (!columnsSized_) {
         // Once: afterwards the grid keeps the widths the user gives the columns.
         columnsSized_ = true;
         const int character = grid.fontMetrics().averageCharWidth();
-        for (int col = 0; col < columns.size() && col < int(std::size(kColumnCharacters)); ++col)
+        for (int col = 0; col < columns.size() && col < int(std::size(kColumnCharacters)); ++col) {
             grid.setColWidth(col, kColumnCharacters[col] * character);
+        }
     }
 }
 
@@ -109,8 +115,9 @@ void frmKlant::endFill() {
 std::optional<qint32> frmKlant::currentID() const {
     const ListGrid& grid = *ui_->fgrKlanten;
     const int row = grid.currentRow();
-    if (row < 1 || row >= grid.rows())
+    if (row < 1 || row >= grid.rows()) {
         return std::nullopt;
+    }
     return grid.rowData(row);
 }
 
@@ -133,8 +140,9 @@ void frmKlant::close() {
     closing_ = true;
     QWidget::close();
     closing_ = false;
-    if (auto* subWindow = qobject_cast<QMdiSubWindow*>(parentWidget()))
+    if (auto* subWindow = qobject_cast<QMdiSubWindow*>(parentWidget())) {
         subWindow->hide();
+    }
 }
 
 QSize frmKlant::sizeHint() const {
@@ -147,17 +155,19 @@ ListGrid& frmKlant::grid() {
 }
 
 void frmKlant::keyPressEvent(QKeyEvent* event) {
-    if (HelpKey::showPageOnHelpKey(event->key(), QString::fromLatin1(HelpPage::Klanten)))
+    if (HelpKey::showPageOnHelpKey(event->key(), QString::fromLatin1(HelpPage::Klanten))) {
         return;
+    }
     switch (event->key()) {
         case Qt::Key_Return:
         case Qt::Key_Enter:
             // In the search box Enter finds the next match; elsewhere it acts on the row,
             // as a double click does.
-            if (ui_->txtZoek->hasFocus())
+            if (ui_->txtZoek->hasFocus()) {
                 ui_->cmdVerder->click();
-            else if (controller_)
+            } else if (controller_) {
                 controller_->DubbelKlik();
+            }
             return;
         case Qt::Key_Escape:
             if (selecting_) {
@@ -174,8 +184,9 @@ void frmKlant::keyPressEvent(QKeyEvent* event) {
 void frmKlant::closeEvent(QCloseEvent* event) {
     QWidget::closeEvent(event);
     // Qt is closing the screen already: the controller's own close of it adds nothing.
-    if (closing_ || !controller_)
+    if (closing_ || !controller_) {
         return;
+    }
     closing_ = true;
     controller_->Annuleren(true);
     closing_ = false;

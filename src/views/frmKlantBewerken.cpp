@@ -15,14 +15,17 @@ frmKlantBewerken::frmKlantBewerken(QWidget* parent)
     setWindowModality(Qt::ApplicationModal);
     // Room for an ordinary company name or e-mail address without scrolling inside the box.
     const int fieldWidth = fontMetrics().averageCharWidth() * 40;
-    for (QLineEdit* field : findChildren<QLineEdit*>()) field->setMinimumWidth(fieldWidth);
+    for (QLineEdit* field : findChildren<QLineEdit*>()) {
+        field->setMinimumWidth(fieldWidth);
+    }
     QFont title = ui_->lblTitel->font();
     title.setBold(true);
     title.setPointSizeF(title.pointSizeF() * 1.4);
     ui_->lblTitel->setFont(title);
     connect(ui_->cmdOK, &QPushButton::clicked, this, [this] {
-        if (controller_)
+        if (controller_) {
             controller_->Opslaan();
+        }
     });
     connect(ui_->cmdAnnuleren, &QPushButton::clicked, this, &frmKlantBewerken::reject);
     rememberGeometry(this);
@@ -101,14 +104,16 @@ void frmKlantBewerken::close() {
 }
 
 void frmKlantBewerken::reject() {
-    if (controller_)
+    if (controller_) {
         controller_->Annuleren();
-    else
+    } else {
         QDialog::reject();
+    }
 }
 
 void frmKlantBewerken::keyPressEvent(QKeyEvent* event) {
-    if (HelpKey::showPageOnHelpKey(event->key(), QString::fromLatin1(HelpPage::Klanten)))
+    if (HelpKey::showPageOnHelpKey(event->key(), QString::fromLatin1(HelpPage::Klanten))) {
         return;
+    }
     QDialog::keyPressEvent(event);
 }

@@ -35,7 +35,8 @@ void frmMarges::showModal() {
 
 void frmMarges::keyPressEvent(QKeyEvent* event) {
     // The envelope margins are explained with the customers, where envelopes are printed.
-    if (HelpKey::showPageOnHelpKey(event->key(), HelpPage::Klanten))
+    if (HelpKey::showPageOnHelpKey(event->key(), HelpPage::Klanten)) {
         return;
+    }
     QDialog::keyPressEvent(event);
 }

@@ -61,8 +61,9 @@ void frmSplash::showModal() {
     QEventLoop untilClosed;
     connect(this, &QDialog::finished, &untilClosed, &QEventLoop::quit);
     show();
-    if (isVisible())
+    if (isVisible()) {
         untilClosed.exec(QEventLoop::DialogExec);
+    }
 }
 
 // A click on imgSplash or lblVersion arrives here too: labels pass clicks on.

@@ -16,15 +16,17 @@ frmTekst::~frmTekst() = default;
 void frmTekst::setPreviewFont(const QString& name, int size) {
     QFont font = ui_->lstTekst->font();
     font.setFamily(name);
-    if (size > 0)
+    if (size > 0) {
         font.setPointSize(size);
+    }
     ui_->lstTekst->setFont(font);
     // The whole sample line in view, however large the font.
     const QFontMetrics metrics(font);
     const int wanted = metrics.horizontalAdvance(ui_->lstTekst->item(0)->text()) + width() -
                        ui_->lstTekst->viewport()->width() + metrics.averageCharWidth() * 2;
-    if (wanted > width())
+    if (wanted > width()) {
         resize(wanted, height());
+    }
 }
 
 void frmTekst::showModal() {

@@ -13,16 +13,19 @@ frmVoorbeeld::frmVoorbeeld(QWidget* parent) : QWidget(parent), ui_(new Ui::frmVo
     ui_->setupUi(this);
     QPrintPreviewWidget* pages = ui_->pvwPaginas;
     connect(pages, &QPrintPreviewWidget::paintRequested, this, [this](QPrinter* printer) {
-        if (document_)
+        if (document_) {
             report::render(*document_, *printer);
+        }
     });
     connect(ui_->cmdAfdrukken, &QPushButton::clicked, this, [this] {
-        if (events_)
+        if (events_) {
             events_->afdrukken();
+        }
     });
     connect(ui_->cmdOpslaanPdf, &QPushButton::clicked, this, [this] {
-        if (events_)
+        if (events_) {
             events_->opslaanAlsPdf();
+        }
     });
     connect(ui_->cmdVergroten, &QPushButton::clicked, pages, [pages] { pages->zoomIn(); });
     connect(ui_->cmdVerkleinen, &QPushButton::clicked, pages, [pages] { pages->zoomOut(); });
@@ -55,8 +58,9 @@ void frmVoorbeeld::hide() {
 
 void frmVoorbeeld::closeEvent(QCloseEvent* event) {
     event->accept();
-    if (events_)
+    if (events_) {
         events_->gesloten();
+    }
 }
 
 void frmVoorbeeld::keyPressEvent(QKeyEvent* event) {

@@ -12,8 +12,9 @@ frmVoorraad::frmVoorraad(QWidget* parent)
     setMinimumWidth(fontMetrics().averageCharWidth() * 40);
     fieldrules::filterKeys(ui_->txtVoorraad, fieldrules::kDigits + u'-', true);
     connect(ui_->cmdOK, &QPushButton::clicked, this, [this] {
-        if (controller_)
+        if (controller_) {
             controller_->VoorraadBevestigen();
+        }
     });
     connect(ui_->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     rememberGeometry(this);

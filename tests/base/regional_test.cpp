@@ -70,8 +70,9 @@ TEST_F(RegionalDutch, EveryKindOfValueHasOnePlainText) {
         {QDate(2024, 12, 31), "31-12-2024"},
         {QByteArray("bytes"), "bytes"},
     };
-    for (const auto& [value, text] : cases)
+    for (const auto& [value, text] : cases) {
         EXPECT_EQ(Regional::valueText(value), text) << value.typeName();
+    }
 }
 
 TEST_F(RegionalDutch, AmountsInTheFormOfTwoDecimalsRoundHalvesAwayFromZero) {
@@ -79,6 +80,7 @@ TEST_F(RegionalDutch, AmountsInTheFormOfTwoDecimalsRoundHalvesAwayFromZero) {
         {0, "0,00"},  {125000, "12,50"}, {12345678, "1234,57"}, {-12345678, "-1234,57"},
         {50, "0,01"}, {49, "0,00"},
     };
-    for (const auto& [raw, text] : cases)
+    for (const auto& [raw, text] : cases) {
         EXPECT_EQ(Regional::amountText(Currency::fromRaw(raw)), text) << raw;
+    }
 }

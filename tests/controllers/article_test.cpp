@@ -86,8 +86,9 @@ struct FakeStock : IVoorraadView {
     void Invullen(const QString& v) override { shown = v; }
     QString Voorraad() const override { return typed; }
     void showModal() override {
-        if (!typed.isEmpty())
+        if (!typed.isEmpty()) {
             controller->VoorraadBevestigen();
+        }
     }
     void close() override {}
 };
@@ -261,7 +262,9 @@ TEST_F(ArticleTest, ANewArticleIsOfferedTheNextNumberAfterTheHighestInTextOrder)
     const Case cases[] = {{{}, "1"}, {{"4", "12"}, "5"}, {{"9", "10"}, "10"}, {{"8", "19"}, "9"}};
     for (const Case& c : cases) {
         database.exec("DELETE FROM Artikel");
-        for (const QString& nummer : c.visible) add(nummer, "Artikel " + nummer);
+        for (const QString& nummer : c.visible) {
+            add(nummer, "Artikel " + nummer);
+        }
         add("99", "Verborgen", 0, 1, 0, false);
         clsContrArtikelBewerken edit;
         EXPECT_EQ(edit.HaalNieuwNummer(), c.offered) << c.visible.join(",").toStdString();

@@ -41,16 +41,19 @@ struct FakeList : IKlantView {
     }
     void endFill() override { filling = false; }
     std::optional<qint32> currentID() const override {
-        if (currentRow < 1 || currentRow > ids.size())
+        if (currentRow < 1 || currentRow > ids.size()) {
             return std::nullopt;
+        }
         return ids.at(currentRow - 1);
     }
     QList<qint32> selectedIDs() const override {
-        if (!currentID())
+        if (!currentID()) {
             return {};
+        }
         QList<qint32> selected;
-        for (int row = std::min(currentRow, endRow); row <= std::max(currentRow, endRow); ++row)
+        for (int row = std::min(currentRow, endRow); row <= std::max(currentRow, endRow); ++row) {
             selected << ids.at(row - 1);
+        }
         return selected;
     }
     void printList(const QString& title, double margins) override {
@@ -66,8 +69,9 @@ struct FakeList : IKlantView {
     // The grid row showing the company.
     int rowOf(const QString& bedrijfsnaam) const {
         for (int row = 0; row < rows.size(); ++row) {
-            if (rows.at(row).section('\t', 0, 0) == bedrijfsnaam)
+            if (rows.at(row).section('\t', 0, 0) == bedrijfsnaam) {
                 return row + 1;
+            }
         }
         return 0;
     }
@@ -176,11 +180,14 @@ TEST_F(CustomerTest, ListShowsSevenColumnsOfVisibleCustomersWithTheirKeys) {
 
     const QList<GridColumn>& columns = screens.list->columns;
     QStringList headers;
-    for (const GridColumn& c : columns) headers << c.header;
+    for (const GridColumn& c : columns) {
+        headers << c.header;
+    }
     EXPECT_EQ(headers, QStringList({"Bedrijfsnaam", "Contactpersoon", "Adres", "Postcode", "Plaats",
                                     "Telefoon", "0% btw"}));
-    for (int col = 0; col < 6; ++col)
+    for (int col = 0; col < 6; ++col) {
         EXPECT_EQ(columns.at(col).alignment, Qt::AlignLeft | Qt::AlignVCenter) << col;
+    }
     EXPECT_EQ(columns.at(6).alignment, Qt::Alignment(Qt::AlignCenter));
 
     // An empty infix leaves its two blanks; a woman is "Mevr."; 0% VAT shows "<JA>".
@@ -303,7 +310,9 @@ TEST_P(CustomerDeleteTest, AsksOnceThenBlanksTheSelectedRows) {
     EXPECT_EQ(asked.defaultButton, ui::Answer::No);
 
     QStringList listed;
-    for (const QString& row : screens.list->rows) listed << row.section('\t', 0, 0);
+    for (const QString& row : screens.list->rows) {
+        listed << row.section('\t', 0, 0);
+    }
     EXPECT_EQ(listed, c.left);
     // A removed row keeps its key and nothing else.
     const int removed = 4 - c.left.size();
@@ -353,8 +362,9 @@ class CustomerNoChoiceTest : public CustomerTest,
 TEST_P(CustomerNoChoiceTest, TellsThatNoCustomerIsSelected) {
     const NoChoiceCase& c = GetParam();
     for (const bool withCustomers : {false, true}) {
-        if (withCustomers)
+        if (withCustomers) {
             add(company("Er is er een"));
+        }
         ui.messages.clear();
         start(c.selecting);
         screens.list->select(0, 0);
@@ -508,7 +518,9 @@ struct EnvelopeScreen : LabelViewFactory {
 
 TEST_F(CustomerTest, TheEnvelopeButtonOpensAnEnvelopeForTheSelectedCustomers) {
     EnvelopeScreen envelope;
-    for (const char* name : {"Bakker", "Slager", "Visser"}) add(company(name));
+    for (const char* name : {"Bakker", "Slager", "Visser"}) {
+        add(company(name));
+    }
     start();
     controller.AfdrukkenEnveloppe();
     EXPECT_FALSE(envelope.shown);

@@ -46,11 +46,13 @@ protected:
             QFile::copy(TestDatabase::testData(QString("jet/") + GetParam().fixture),
                         database.path());
             QFile::setPermissions(database.path(), QFile::ReadOwner | QFile::WriteOwner);
-            if (GetParam().truncateTo)
+            if (GetParam().truncateTo) {
                 QFile::resize(database.path(), GetParam().truncateTo);
+            }
         }
-        if (GetParam().withCli)
+        if (GetParam().withCli) {
             QFile::copy(LINDEBRUG_CLI, database.file("lindebrug-cli"));
+        }
         original = readAll(database.path());
     }
 
@@ -84,8 +86,9 @@ TEST_P(JetStartUpTest, AsksConvertsAndReports) {
     const bool converted = c.carriesOn;
     EXPECT_EQ(jet::isJetFile(database.path()), !converted);
     EXPECT_EQ(QFile::exists(database.path() + ".jet"), converted);
-    if (!converted)
+    if (!converted) {
         EXPECT_EQ(readAll(database.path()), original);
+    }
     EXPECT_EQ(ui.progressTitles.size(), c.progresses);
     EXPECT_EQ(QDir(database.folder()).entryList({"*.tmp"}, QDir::Files), QStringList());
 }

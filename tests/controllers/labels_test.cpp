@@ -53,18 +53,21 @@ struct Fakes : LabelViewFactory, report::Presenter {
 // The texts of a page, in the order they are drawn.
 QStringList texts(const report::Page& page) {
     QStringList all;
-    for (const report::DrawItem& item : page.items) all << item.text;
+    for (const report::DrawItem& item : page.items) {
+        all << item.text;
+    }
     return all;
 }
 
 class LabelsTest : public testing::Test {
 protected:
     void addCustomers(int count) {
-        for (int i = count; i >= 1; --i)
+        for (int i = count; i >= 1; --i) {
             database.exec(QString("INSERT INTO Klant (Bedrijfsnaam, Adres, Postcode, Plaats, "
                                   "Land, Zichtbaar) VALUES ('Klant %1', 'Weg %1', '1000 AA', "
                                   "'Lindebrug', 'Nederland', 1)")
                               .arg(i, 2, 10, QChar('0')));
+        }
         database.exec("INSERT INTO Klant (Bedrijfsnaam, Zichtbaar) VALUES ('Verborgen', 0)");
     }
 

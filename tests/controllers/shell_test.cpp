@@ -103,11 +103,21 @@ protected:
     // The fakes' log, then what reached the desktop.
     QStringList observed() const {
         QStringList all = log;
-        for (const ui::Message& message : ui.messages) all << "message " + message.text;
-        for (const QString& prompt : ui.folderPrompts) all << "folder " + prompt;
-        for (const auto& request : ui.fileRequests) all << "file " + request.title;
-        for (const QString& address : ui.openedAddresses) all << "address " + address;
-        for (const QStringList& program : ui.startedPrograms) all << "program " + program.last();
+        for (const ui::Message& message : ui.messages) {
+            all << "message " + message.text;
+        }
+        for (const QString& prompt : ui.folderPrompts) {
+            all << "folder " + prompt;
+        }
+        for (const auto& request : ui.fileRequests) {
+            all << "file " + request.title;
+        }
+        for (const QString& address : ui.openedAddresses) {
+            all << "address " + address;
+        }
+        for (const QStringList& program : ui.startedPrograms) {
+            all << "program " + program.last();
+        }
         return all;
     }
 
@@ -136,8 +146,9 @@ TEST_F(ShellTest, AMissingDatabaseEndsTheProgramWithACriticalMessage) {
 // it, but not one of a writer that still runs (lindebrug-cli beside the window).
 TEST_F(ShellTest, StartUpRemovesTheTemporaryFilesOfKilledWork) {
     const pid_t ended = ::fork();
-    if (ended == 0)
+    if (ended == 0) {
         ::_exit(0);
+    }
     ::waitpid(ended, nullptr, 0);
     const QString left = database.file("db.daa~lindebrug-" + QString::number(ended) + "-7.tmp");
     const QString running = database.file("db.daa~lindebrug-1-8.tmp");
@@ -197,8 +208,9 @@ struct Dispatch {
 class DispatchTest : public ShellTest, public testing::WithParamInterface<Dispatch> {
 protected:
     void SetUp() override {
-        for (const char* name : {"Lindebrug.qch", "Lindebrug.qhc"})
+        for (const char* name : {"Lindebrug.qch", "Lindebrug.qhc"}) {
             QFile(database.file(name)).open(QIODevice::WriteOnly);
+        }
         ASSERT_TRUE(controller.startUp());
         log.clear();
     }

@@ -46,17 +46,20 @@ inline QString dump(const QString& path) {
             sqlite3_prepare_v2(db, ("SELECT * FROM \"" + table + "\"").toUtf8().constData(), -1,
                                &rows, nullptr);
             while (sqlite3_step(rows) == SQLITE_ROW) {
-                for (int i = 0; i < sqlite3_column_count(rows); ++i)
+                for (int i = 0; i < sqlite3_column_count(rows); ++i) {
                     text += QString::fromUtf8(
                                 reinterpret_cast<const char*>(sqlite3_column_text(rows, i))) +
                             ';';
+                }
                 text += '\n';
             }
-            if (sqlite3_finalize(rows) != SQLITE_OK)
+            if (sqlite3_finalize(rows) != SQLITE_OK) {
                 text += "<fout>";
+            }
         }
-        if (sqlite3_finalize(tables) != SQLITE_OK || text.isEmpty())
+        if (sqlite3_finalize(tables) != SQLITE_OK || text.isEmpty()) {
             text = "<geen database>";
+        }
     } else {
         text = "<geen database>";
     }
@@ -72,12 +75,14 @@ inline QString integrity(const QString& path) {
     if (sqlite3_open_v2(path.toUtf8().constData(), &db, SQLITE_OPEN_READWRITE, nullptr) ==
             SQLITE_OK &&
         sqlite3_prepare_v2(db, "PRAGMA integrity_check", -1, &check, nullptr) == SQLITE_OK) {
-        while (sqlite3_step(check) == SQLITE_ROW)
+        while (sqlite3_step(check) == SQLITE_ROW) {
             result +=
                 QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(check, 0)));
+        }
     }
-    if (result.isEmpty())
+    if (result.isEmpty()) {
         result = QString::fromUtf8(sqlite3_errmsg(db));
+    }
     sqlite3_finalize(check);
     sqlite3_close(db);
     return result;
@@ -105,7 +110,9 @@ protected:
     QVariantList column(const QString& table, const QString& name) const {
         QVariantList values;
         auto set = clsDatabase().ExecuteQuery("SELECT * FROM " + table);
-        for (; !set->isEOF(); set->moveNext()) values.append(set->value(name));
+        for (; !set->isEOF(); set->moveNext()) {
+            values.append(set->value(name));
+        }
         return values;
     }
 

@@ -14,8 +14,9 @@ int killAt = -1;
 int passed = 0;
 
 void point() {
-    if (killAt >= 0 && passed++ == killAt)
+    if (killAt >= 0 && passed++ == killAt) {
         ::kill(::getpid(), SIGKILL);
+    }
 }
 
 // A file of the shim: SQLite's own file object follows it in the same allocation.

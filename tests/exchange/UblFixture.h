@@ -34,9 +34,10 @@ inline XmlValues readXmlValues(const QByteArray& xml) {
         reader.readNext();
         if (reader.isStartElement()) {
             path.append(reader.name().toString());
-            for (const QXmlStreamAttribute& attribute : reader.attributes())
+            for (const QXmlStreamAttribute& attribute : reader.attributes()) {
                 values.emplace(path.join('/') + '@' + attribute.name(),
                                attribute.value().toString());
+            }
         } else if (reader.isEndElement()) {
             path.removeLast();
         } else if (reader.isCharacters() && !reader.isWhitespace()) {
@@ -78,7 +79,9 @@ inline QString xmlValue(const XmlValues& values, const QString& path) {
 inline QStringList xmlValuesOf(const XmlValues& values, const QString& path) {
     QStringList list;
     const auto [from, to] = values.equal_range(path);
-    for (auto it = from; it != to; ++it) list.append(it->second);
+    for (auto it = from; it != to; ++it) {
+        list.append(it->second);
+    }
     return list;
 }
 

@@ -37,8 +37,9 @@ TEST_F(CliTest, EveryCommandInOneSession) {
     writeBytes(work("fout.txt"), "9;Negen BV\r\ngeen getal;Fout BV\r\n");
     writeBytes(work("kapot.bu1"), QByteArray(4096, 'x'));
     const pid_t ended = ::fork();
-    if (ended == 0)
+    if (ended == 0) {
         ::_exit(0);
+    }
     ::waitpid(ended, nullptr, 0);
     const QString leftover = database.file("db.daa~lindebrug-" + QString::number(ended) + "-1.tmp");
     writeBytes(leftover, "van een afgebroken restore");
@@ -78,8 +79,9 @@ TEST_F(CliTest, EveryCommandInOneSession) {
     for (const auto& [arguments, result] : steps) {
         QString printed = run(arguments);
         // The reason of a refused import line is the engine's own text; only its start is ours.
-        if (arguments.contains("KLANT") && arguments[0] == "import")
+        if (arguments.contains("KLANT") && arguments[0] == "import") {
             printed = printed.section('|', 0, 0) + '|';
+        }
         EXPECT_EQ(printed, result) << arguments.join(' ').toStdString();
     }
     EXPECT_FALSE(QFile::exists(leftover)) << "removed when the program starts";
@@ -184,8 +186,9 @@ TEST_F(CliTest, WrongCallsAreExplainedAndHelpListsCommandsAndExitCodes) {
     const QString help = run({"--help"});
     EXPECT_TRUE(help.startsWith("0 Gebruik: lindebrug-cli")) << help.toStdString();
     for (const char* line : {"db.daa kopiëren naar MAP/<ddmmjjjj>db.bu1", "Exitcodes:",
-                             "  0  de opdracht is gelukt", "  3  db.daa is na de opdracht"})
+                             "  0  de opdracht is gelukt", "  3  db.daa is na de opdracht"}) {
         EXPECT_TRUE(help.contains(line)) << line;
+    }
     EXPECT_EQ(run({"--version"}), "0 lindebrug-cli " LINDEBRUG_VERSION "\n|");
 }
 
@@ -198,9 +201,10 @@ TEST_F(CliTest, OnAFullDiskEveryCommandFailsAndLeavesNothingBehind) {
     QProcess probe;
     probe.start("unshare", {"-rm", "true"});
     if (!probe.waitForFinished(60000) || probe.exitStatus() != QProcess::NormalExit ||
-        probe.exitCode() != 0)
+        probe.exitCode() != 0) {
         GTEST_SKIP() << "this machine allows no mount namespace of our own (unshare -rm), so no "
                         "small file system can be made for the test";
+    }
     addRegisters();
     closeSharedConnections();
     QDir(workFolder()).mkdir("schijf");

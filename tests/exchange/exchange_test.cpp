@@ -134,8 +134,9 @@ TEST_F(MenuTest, ImportReadsWindowsTextWithDecimalCommas) {
 // A refused line stops the import there: what came before stays, nothing after is stored.
 TEST_F(MenuTest, ARefusedImportLineKeepsTheEarlierLinesOnly) {
     QByteArray rows;
-    for (int i = 1; i <= 2500; ++i)
+    for (int i = 1; i <= 2500; ++i) {
         rows += "A-" + QByteArray::number(i) + ";Artikel;stuk;1;1,5\r\n";
+    }
     for (const QByteArray& refused : QList<QByteArray>{
              "A-fout;a;b;1;2;True;1;True;False;extra", "A-fout;Artikel;stuk;veel;1",
              "A-fout;Artikel;stuk;1;gratis", "A-fout;" + QByteArray(300, 'x') + ";stuk;1;1"}) {
@@ -173,8 +174,9 @@ QString helpShown(const frmImport& screen, int index) {
     });
     closer.start(0);
     for (QPushButton* button : screen.findChildren<QPushButton*>("cmdHelpKlanten")) {
-        if (button->property("index") == index)
+        if (button->property("index") == index) {
             button->click();
+        }
     }
     return shown;
 }
@@ -186,8 +188,9 @@ TEST_F(MenuTest, TheImportScreenImportsShowsTheFieldsOfATableAndCloses) {
     controller.show();
     QList<frmImport*> shown;
     for (QWidget* widget : QApplication::topLevelWidgets()) {
-        if (auto* screen = qobject_cast<frmImport*>(widget); screen && screen->isVisible())
+        if (auto* screen = qobject_cast<frmImport*>(widget); screen && screen->isVisible()) {
             shown.append(screen);
+        }
     }
     ASSERT_EQ(shown.size(), 1);
     frmImport& screen = *shown.first();

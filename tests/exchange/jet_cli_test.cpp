@@ -68,8 +68,9 @@ TEST_F(JetCliTest, ChecksRefusesToOverwriteInvoicesUnlessTold) {
     for (const auto& [arguments, output] : steps) {
         EXPECT_EQ(run(arguments).toStdString(), output.toStdString())
             << arguments.join(' ').toStdString();
-        if (arguments.first() == "omzetten")
+        if (arguments.first() == "omzetten") {
             EXPECT_EQ(jet::invoiceCount(database.path()), 1) << "unchanged until --yes";
+        }
     }
     EXPECT_EQ(jet::invoiceCount(database.path()), 123);
     EXPECT_EQ(jet::invoiceCount(database.path() + ".vorige"), 1);

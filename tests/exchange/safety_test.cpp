@@ -20,8 +20,9 @@ namespace {
 QStringList temporaryFiles(const QString& folder) {
     QStringList found;
     for (const QString& name : QDir(folder).entryList(QDir::Files | QDir::Hidden)) {
-        if (name.contains("~lindebrug-"))
+        if (name.contains("~lindebrug-")) {
             found.append(name);
+        }
     }
     return found;
 }
@@ -201,9 +202,10 @@ TEST_F(CrashTest, KilledAtEveryPointARestoreLeavesTheOldOrTheNewDatabaseWhole) {
 TEST_F(CrashTest, KilledAtEveryPointAnImportKeepsWholeLinesAndABackupOfThem) {
     database.exec("DELETE FROM Klant");
     QByteArray lines;
-    for (int i = 1; i <= 2300; ++i)
+    for (int i = 1; i <= 2300; ++i) {
         lines += QByteArray::number(i) + ";Regel " + QByteArray::number(i) + ";" +
                  QByteArray(40, 'f') + "\r\n";
+    }
     writeBytes(work("import.txt"), lines);
     closeSharedConnections();
     const QByteArray empty = readBytes(database.path());
@@ -249,8 +251,9 @@ TEST_F(CrashTest, BackupsWhileAnotherProcessWritesAreEachOneCommittedState) {
             const QByteArray sql = "UPDATE Klant SET Plaats = 'stand " + QByteArray::number(i) +
                                    "', Adres = printf('%." + QByteArray::number(i % 90 + 1) +
                                    "c', 'a')";
-            if (sqlite3_exec(db, sql.constData(), nullptr, nullptr, nullptr) != SQLITE_OK)
+            if (sqlite3_exec(db, sql.constData(), nullptr, nullptr, nullptr) != SQLITE_OK) {
                 ::_exit(1);
+            }
         }
         ::_exit(0);
     }
@@ -280,8 +283,9 @@ TEST_F(CrashTest, BackupsWhileAnotherProcessWritesAreEachOneCommittedState) {
 TEST(Leftovers, OnlyTheTemporaryFilesOfEndedWritersAreRemoved) {
     QTemporaryDir folder;
     const pid_t ended = ::fork();
-    if (ended == 0)
+    if (ended == 0) {
         ::_exit(0);
+    }
     ::waitpid(ended, nullptr, 0);
     const QString gone = QString::number(ended);
     const QStringList names = {"db.daa~lindebrug-" + gone + "-1a2b.tmp",
@@ -290,7 +294,9 @@ TEST(Leftovers, OnlyTheTemporaryFilesOfEndedWritersAreRemoved) {
                                "klant.csv",
                                "eigen~lindebrug.tmp",
                                "db.daa.vorige"};
-    for (const QString& name : names) writeBytes(folder.filePath(name), "x");
+    for (const QString& name : names) {
+        writeBytes(folder.filePath(name), "x");
+    }
     writeBytes(durable::temporaryNameFor(folder.filePath("FactArt.csv")), "van een eerdere start");
     durable::removeLeftovers(folder.path());
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files, QDir::Name),
@@ -308,7 +314,9 @@ TEST(LineReader, ALineEndAcrossTwoBlocksIsOneLineEnd) {
         const int block = 1024 * 1024, step = 3 + end.size();
         QByteArray text = "1;" + QByteArray((block - 3) % step, 'A') + end;
         const int lines = (block - 1 + end.size() - text.size()) / step;
-        for (int i = 0; i < lines; ++i) text += "1;A" + end;
+        for (int i = 0; i < lines; ++i) {
+            text += "1;A" + end;
+        }
         ASSERT_EQ(text.size() - end.size(), block - 1) << "the last CR ends the block";
         text += "2;B";
         writeBytes(folder.filePath("regels.txt"), text);
@@ -344,8 +352,9 @@ void PrintTo(const CorpusCase& corpus, std::ostream* out) {
 class ImportCorpus : public ExchangeTest, public ::testing::WithParamInterface<CorpusCase> {
 protected:
     QString pathOf(const QString& file) {
-        if (file.startsWith('/'))
+        if (file.startsWith('/')) {
             return file;
+        }
         if (file == "regel-van-10-MB.txt") {
             writeBytes(work(file),
                        "1;Alfa\r\n2;" + QByteArray(10 * 1024 * 1024, 'x') + "\r\n3;Gamma\r\n");
@@ -372,8 +381,9 @@ TEST_P(ImportCorpus, StoresTheRowsOfTextAndRefusesTheRestWithAReason) {
     QStringList rows;
     const QVariantList numbers = column("Klant", "DebiteurNummer");
     const QVariantList names = column("Klant", "Bedrijfsnaam");
-    for (int i = 0; i < numbers.size(); ++i)
+    for (int i = 0; i < numbers.size(); ++i) {
         rows.append(numbers[i].toString() + '|' + names[i].toString());
+    }
     EXPECT_EQ(rows, corpus.rows);
 }
 

@@ -25,15 +25,21 @@ TEST(UblAmounts, RoundToCentsAndWriteAmountsPricesAndNumbers) {
         {-12349, -123}, {50, 1},      {-50, -1},    {49, 0},
         {0, 0},         {1250, 13},   {-1250, -13}, {9999999950, 100000000},
     };
-    for (const auto& [value, expected] : cents) EXPECT_EQ(toCents(raw(value)), expected) << value;
+    for (const auto& [value, expected] : cents) {
+        EXPECT_EQ(toCents(raw(value)), expected) << value;
+    }
 
     const std::pair<Cents, const char*> amounts[] = {
         {0, "0.00"}, {5, "0.05"}, {-5, "-0.05"}, {-150, "-1.50"}, {123456789, "1234567.89"}};
-    for (const auto& [value, text] : amounts) EXPECT_EQ(formatCents(value), text);
+    for (const auto& [value, text] : amounts) {
+        EXPECT_EQ(formatCents(value), text);
+    }
 
     const std::pair<std::int64_t, const char*> prices[] = {
         {126000, "12.60"}, {12345, "1.2345"}, {10, "0.001"}, {500000, "50.00"}, {-1500, "-0.15"}};
-    for (const auto& [value, text] : prices) EXPECT_EQ(formatPrice(raw(value)), text);
+    for (const auto& [value, text] : prices) {
+        EXPECT_EQ(formatPrice(raw(value)), text);
+    }
 
     const std::pair<double, const char*> numbers[] = {{3, "3"},
                                                       {12.5, "12.5"},
@@ -43,7 +49,9 @@ TEST(UblAmounts, RoundToCentsAndWriteAmountsPricesAndNumbers) {
                                                       {1e-11, "0"},
                                                       {1.0 / 3, "0.3333333333"},
                                                       {21, "21"}};
-    for (const auto& [value, text] : numbers) EXPECT_EQ(formatNumber(value), text);
+    for (const auto& [value, text] : numbers) {
+        EXPECT_EQ(formatNumber(value), text);
+    }
 }
 
 TEST(UblAmounts, TheVatOfACategoryIsItsTaxableAmountTimesTheRateRoundedOnce) {
@@ -62,7 +70,9 @@ TEST(UblAmounts, TheVatOfACategoryIsItsTaxableAmountTimesTheRateRoundedOnce) {
         {0, 21, 0},
         {123456789012, 21, 25925925693},  // 259,259,256.9252 on a very large amount
     };
-    for (const Case& c : cases) EXPECT_EQ(vatOf(c.taxable, c.percent), c.vat) << c.taxable;
+    for (const Case& c : cases) {
+        EXPECT_EQ(vatOf(c.taxable, c.percent), c.vat) << c.taxable;
+    }
 }
 
 // Lines whose amounts end on half cents: each line rounds up, so the sum of the rounded
@@ -78,7 +88,9 @@ TEST(UblAmounts, ThePayableAmountIsThePrintedTotalWithARoundingAmountOnlyWhenNee
     };
     const auto total = [](const QList<LineAmounts>& lines) {
         Currency sum;
-        for (const LineAmounts& line : lines) sum += line.net + line.vat;
+        for (const LineAmounts& line : lines) {
+            sum += line.net + line.vat;
+        }
         return sum;
     };
     const Case cases[] = {
@@ -111,7 +123,9 @@ TEST(UblCodes, UnitsCountriesVatNumbersAndBankAccounts) {
     const std::pair<const char*, const char*> units[] = {
         {"stuk", "H87"}, {"Stuks", "H87"}, {"uur", "HUR"},  {" Uren ", "HUR"},
         {"kg", "KGM"},   {"KG", "KGM"},    {"doos", "C62"}, {"", "C62"}};
-    for (const auto& [eenheid, code] : units) EXPECT_EQ(unitCode(eenheid), code) << eenheid;
+    for (const auto& [eenheid, code] : units) {
+        EXPECT_EQ(unitCode(eenheid), code) << eenheid;
+    }
 
     const std::pair<const char*, const char*> countries[] = {{"Nederland", "NL"},
                                                              {"", "NL"},
@@ -122,7 +136,9 @@ TEST(UblCodes, UnitsCountriesVatNumbersAndBankAccounts) {
                                                              {"Verenigd Koninkrijk", "GB"},
                                                              {"Zwitserland", "CH"},
                                                              {"Atlantis", ""}};
-    for (const auto& [land, code] : countries) EXPECT_EQ(countryCode(land), code) << land;
+    for (const auto& [land, code] : countries) {
+        EXPECT_EQ(countryCode(land), code) << land;
+    }
     EXPECT_TRUE(isEuMember("BE"));
     EXPECT_TRUE(isEuMember("NL"));
     EXPECT_FALSE(isEuMember("GB"));
@@ -208,7 +224,9 @@ TEST_F(GeneratedInvoices, EveryPayableAmountIsThePrintedTotalAndEverySumAddsUp) 
         const auto amount = [&](const QString& path) { return centsOf(xmlValue(xml, path)); };
         const auto sum = [&](const QString& path) {
             Cents s = 0;
-            for (const QString& v : xmlValuesOf(xml, path)) s += centsOf(v);
+            for (const QString& v : xmlValuesOf(xml, path)) {
+                s += centsOf(v);
+            }
             return s;
         };
         const QString totalsPath = "Invoice/LegalMonetaryTotal/";
@@ -241,8 +259,9 @@ TEST_F(GeneratedInvoices, EveryPayableAmountIsThePrintedTotalAndEverySumAddsUp) 
         for (qsizetype s = 0; s < ids.size(); ++s) {
             Cents taxable = 0;
             for (qsizetype l = 0; l < lineIds.size(); ++l) {
-                if (lineIds[l] == ids[s] && linePercents[l] == percents[s])
+                if (lineIds[l] == ids[s] && linePercents[l] == percents[s]) {
                     taxable += centsOf(lineAmounts[l]);
+                }
             }
             EXPECT_EQ(centsOf(taxables[s]), taxable);
             EXPECT_NEAR(centsOf(vats[s]), taxable * percents[s].toDouble() / 100, 0.5 + 1e-6);

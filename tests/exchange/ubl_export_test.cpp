@@ -70,7 +70,9 @@ protected:
 
     static QList<qint32> ids(int from, int to) {
         QList<qint32> list;
-        for (int id = from; id <= to; ++id) list.append(id);
+        for (int id = from; id <= to; ++id) {
+            list.append(id);
+        }
         return list;
     }
 
@@ -98,20 +100,25 @@ TEST_F(UblInvoices, TheOfficialRulesFindNothingFatalInEitherProfile) {
           std::tuple{"nlcius", Profile::NlCius, QList<qint32>{3, 4, 9}}}) {
         const QString folder = exportTo(name, invoices, profile);
         QDirIterator it(folder, {"*.xml"});
-        while (it.hasNext()) files.append(it.next());
+        while (it.hasNext()) {
+            files.append(it.next());
+        }
     }
     ASSERT_EQ(files.size(), 11);
-    if (!QFileInfo(validator()).isExecutable())
+    if (!QFileInfo(validator()).isExecutable()) {
         GTEST_SKIP() << "de validator ontbreekt: " << validator().toStdString();
-    if (QStandardPaths::findExecutable("java").isEmpty())
+    }
+    if (QStandardPaths::findExecutable("java").isEmpty()) {
         GTEST_SKIP() << "Java ontbreekt (tools/setup installeert default-jre-headless)";
+    }
     QProcess validate;
     validate.start(validator(), QStringList{"-q", "--no-warnings"} + files);
     ASSERT_TRUE(validate.waitForFinished(600000));
     const QString findings =
         QString::fromUtf8(validate.readAllStandardOutput() + validate.readAllStandardError());
-    if (validate.exitCode() == 3)
+    if (validate.exitCode() == 3) {
         GTEST_SKIP() << "de validator mist een pakket: " << findings.toStdString();
+    }
     EXPECT_EQ(validate.exitCode(), 0) << findings.toStdString();
     EXPECT_THAT(findings.toStdString(), ::testing::Not(HasSubstr("fatal")));
 }
@@ -271,8 +278,9 @@ TEST_F(UblInvoices, WhatCannotBecomeAValidEInvoiceIsRefusedByName) {
         const QString column = klant ? c.column.mid(6) : c.column;
         const QString where = klant ? QString(" WHERE KlantID=%1").arg(particulier) : QString();
         const auto set = [&](const QString& value) {
-            if (!column.isEmpty())
+            if (!column.isEmpty()) {
                 database.exec("UPDATE " + table + " SET " + column + "='" + value + "'" + where);
+            }
         };
         const QString before =
             column.isEmpty()
@@ -399,8 +407,9 @@ TEST_F(UblInvoices, TheCommandLineWritesTheInvoicesItIsGiven) {
         {{"ubl", "factuur", folder}, "2 "},
         {{"ubl", folder}, "2 "},
     };
-    for (const auto& [arguments, result] : steps)
+    for (const auto& [arguments, result] : steps) {
         EXPECT_EQ(run(arguments), result) << arguments.join(' ').toStdString();
+    }
     EXPECT_EQ(QDir(folder).entryList(QDir::Files),
               (QStringList{"1001.xml", "1002.xml", "1003.xml"}));
     EXPECT_THAT(fileBytes(folder + "/1003.xml").toStdString(), HasSubstr("nlcius"));

@@ -37,15 +37,19 @@ struct PdfPage {
     QList<Word> words;
     // The first word with this text; a failed expectation when there is none.
     Word find(const QString& text) const {
-        for (const Word& w : words)
-            if (w.text == text)
+        for (const Word& w : words) {
+            if (w.text == text) {
                 return w;
+            }
+        }
         ADD_FAILURE() << "no word " << text.toStdString();
         return {};
     }
     QString text() const {
         QStringList all;
-        for (const Word& w : words) all << w.text;
+        for (const Word& w : words) {
+            all << w.text;
+        }
         return all.join(' ');
     }
 };
@@ -65,8 +69,9 @@ QList<PdfPage> printed(const report::Document& document) {
         R"re(<word xMin="([\d.]+)" yMin="([\d.]+)" xMax="[\d.]+" yMax="[\d.]+">([^<]*)</word>)re");
     for (const QString& part : html.split("</page>")) {
         const auto p = page.match(part);
-        if (!p.hasMatch())
+        if (!p.hasMatch()) {
             continue;
+        }
         PdfPage read{p.captured(1).toDouble(), p.captured(2).toDouble(), {}};
         for (auto it = word.globalMatch(part); it.hasNext();) {
             const auto w = it.next();
@@ -149,8 +154,9 @@ TEST(Envelopes, OnePerCustomerAddressAtTheMarginsReturnAddressTopLeft) {
 
 TEST(Labels, ThirtyCustomersFromPositionFiveFillTwoSheets) {
     QList<clsObjKlant> klanten;
-    for (int i = 1; i <= 30; ++i)
+    for (int i = 1; i <= 30; ++i) {
         klanten << klant(QString("Klant%1").arg(i, 2, 10, QChar('0')), "", "", "");
+    }
     const adres::EtiketVel& vel = adres::etiketVellen()[0];
     ASSERT_EQ(vel.perVel(), 24);
     const QList<PdfPage> pages = printed(adres::etiketten(klanten, vel, 5));
@@ -170,23 +176,26 @@ TEST(Labels, ThirtyCustomersFromPositionFiveFillTwoSheets) {
     expectAt(pages[0], "Klant20", 2, 7);
     expectAt(pages[1], "Klant21", 0, 0);
     expectAt(pages[1], "Klant30", 0, 3);
-    for (const Word& w : pages[0].words)
+    for (const Word& w : pages[0].words) {
         EXPECT_GT(w.y, (boven + 36) * kPointsPerMm) << "the first four positions stay empty";
+    }
     EXPECT_EQ(pages[0].text().count("Klant"), 20);
     EXPECT_EQ(pages[1].text().count("Klant"), 10);
 }
 
 TEST(Labels, EverySheetKeepsItsLabelsOnThePaper) {
     QList<clsObjKlant> klanten;
-    for (int i = 0; i < 30; ++i)
+    for (int i = 0; i < 30; ++i) {
         klanten << klant("Bakkerij Smit", "J.", "van", "Smit", true, "België");
+    }
     for (const adres::EtiketVel& vel : adres::etiketVellen()) {
         const report::Document document = adres::etiketten(klanten, vel, 1);
         EXPECT_EQ(document.pages.size(), (30 + vel.perVel() - 1) / vel.perVel());
         const QRectF paper(QPointF(0, 0), document.paper);
         for (const report::Page& page : document.pages) {
-            for (const report::DrawItem& item : page.items)
+            for (const report::DrawItem& item : page.items) {
                 EXPECT_TRUE(paper.contains(item.rect)) << vel.naam.toStdString();
+            }
         }
     }
 }

@@ -31,8 +31,9 @@ TEST_F(CliPdfTest, InvoicesAndOverviewsToPdfWithTheProgramsMessages) {
         {{"overzicht", "facturen", pdf("fout.pdf")}, "2 "},
         {{"overzicht", "klanten"}, "2 "},
     };
-    for (const auto& [arguments, result] : steps)
+    for (const auto& [arguments, result] : steps) {
         EXPECT_EQ(run(arguments), result) << arguments.join(' ').toStdString();
+    }
     EXPECT_EQ(pages(pdf("twee.pdf")).size(), 2);
     EXPECT_TRUE(pages(pdf("artikelen.pdf")).value(0).contains("Overzicht Artikelen"));
     EXPECT_TRUE(pages(pdf("klanten.pdf")).value(0).contains("Overzicht klanten"));

@@ -45,9 +45,10 @@ ReportData groups(const QList<int>& lines) {
     for (int g = 0; g < lines.size(); ++g) {
         Group group;
         group.head = {QString(QChar(u'A' + g))};
-        for (int i = 1; i <= lines[g]; ++i)
+        for (int i = 1; i <= lines[g]; ++i) {
             group.details.append(
                 {QString("regel %1").arg(i), QVariant::fromValue(Currency::fromLong(i))});
+        }
         data.groups.append(group);
     }
     return data;
@@ -55,9 +56,11 @@ ReportData groups(const QList<int>& lines) {
 
 QStringList texts(const Page& page) {
     QStringList result;
-    for (const DrawItem& item : page.items)
-        if (item.kind == DrawItem::Kind::Text)
+    for (const DrawItem& item : page.items) {
+        if (item.kind == DrawItem::Kind::Text) {
             result.append(item.text);
+        }
+    }
     return result;
 }
 
@@ -67,8 +70,9 @@ int linesOn(const Page& page) {
 
 Document layOutSmall(const QList<int>& lines, const QString& change = {}, const QString& to = {}) {
     QString text = kSmall;
-    if (!change.isEmpty())
+    if (!change.isEmpty()) {
         text.replace(change, to);
+    }
     return layOut(parseReport(text, "Klein.rpt"), groups(lines));
 }
 
@@ -117,8 +121,9 @@ TEST(LayoutTest, EachInvoiceStartsItsOwnPageWithItsOwnSums) {
     const QList<QStringList> expected = {{"A", "€ 3,00"}, {"B", "€ 6,00"}, {"C", "€ 1,00"}};
     for (int i = 0; i < 3; ++i) {
         const QStringList shown = texts(document.pages[i]);
-        for (const QString& text : expected[i])
+        for (const QString& text : expected[i]) {
             EXPECT_TRUE(shown.contains(text)) << text.toStdString();
+        }
     }
 }
 
@@ -190,8 +195,9 @@ TEST(AmountFormatTest, EuroSignBlankPointsForThousandsCommaAndTwoDecimals) {
         {9999950, "€ 1.000,00"},
         {10000000000, "€ 1.000.000,00"},
     };
-    for (const auto& [raw, text] : cases)
+    for (const auto& [raw, text] : cases) {
         EXPECT_EQ(amountText(Currency::fromRaw(raw)), QString::fromUtf8(text)) << raw;
+    }
 }
 
 TEST(ValueFormatTest, FormatsOfBoundValues) {

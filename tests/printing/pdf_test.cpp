@@ -140,8 +140,9 @@ TEST_P(TemplatePdfTest, EveryCaptionAmountAndVatSumIsPrinted) {
     const QString& page = printed.first();
     // pdftotext spaces words by their positions: "F A C T U U R" reads as "FACTUUR".
     const auto letters = [](QString text) { return text.remove(QRegularExpression("\\s")); };
-    for (const QString& text : kEveryTemplate + c.captions)
+    for (const QString& text : kEveryTemplate + c.captions) {
         EXPECT_TRUE(letters(page).contains(letters(text))) << text.toStdString();
+    }
 
     // The VAT per rate is the sum of the lines' amounts at that rate.
     const QString sums =
@@ -277,7 +278,9 @@ public:
     }
     QString text(int page = 0) const {
         QStringList all;
-        for (const auto& item : documents.last().pages[page].items) all.append(item.text);
+        for (const auto& item : documents.last().pages[page].items) {
+            all.append(item.text);
+        }
         return all.join(u'|');
     }
     QList<report::Document> documents;
@@ -376,13 +379,16 @@ TEST_F(OpenSjabloonTest, FontMarginsAndFreeTextComeFromTheSettings) {
     const report::Document& document = previews.documents.last();
     bool freeText = false;
     for (const auto& item : document.pages[0].items) {
-        if (item.kind != report::DrawItem::Kind::Text)
+        if (item.kind != report::DrawItem::Kind::Text) {
             continue;
+        }
         EXPECT_EQ(item.font.family, "DejaVu Serif") << item.text.toStdString();
-        if (item.text == "Roggebrood heel")
+        if (item.text == "Roggebrood heel") {
             EXPECT_DOUBLE_EQ(item.font.size, 12);  // the body text in the chosen size
-        if (item.text == "FACTUUR")
+        }
+        if (item.text == "FACTUUR") {
             EXPECT_GT(item.font.size, 24);  // a title stays larger in proportion
+        }
         freeText |=
             item.text == "Vermeld bij betaling altijd het factuurnummer. Dank voor uw bestelling!";
     }
@@ -392,9 +398,11 @@ TEST_F(OpenSjabloonTest, FontMarginsAndFreeTextComeFromTheSettings) {
     FactuurSjabloon example(1, huidigeInstellingen());
     gVoorbeeldFont() = {};
     clsObjSjabloon().OpenSjabloon("1", example);
-    for (const auto& item : previews.documents.last().pages[0].items)
-        if (item.kind == report::DrawItem::Kind::Text)
+    for (const auto& item : previews.documents.last().pages[0].items) {
+        if (item.kind == report::DrawItem::Kind::Text) {
             EXPECT_EQ(item.font.family, "DejaVu Sans Mono");
+        }
+    }
 }
 
 TEST_F(OpenSjabloonTest, TheOverviewRoutineShowsHidesOrDoesNothingBySelector) {
@@ -413,7 +421,9 @@ TEST_F(OpenSjabloonTest, TheOverviewRoutineShowsHidesOrDoesNothingBySelector) {
     EXPECT_FALSE(customers.Visible());
     EXPECT_FALSE(gVerbergOverzicht());
 
-    for (qint16 other : {0, 2, 4, -1}) ToonOverzicht(articles, other, false);
+    for (qint16 other : {0, 2, 4, -1}) {
+        ToonOverzicht(articles, other, false);
+    }
     EXPECT_EQ(previews.documents.size(), 2);
 }
 

@@ -37,8 +37,9 @@ TEST_F(PreviewWindowTest, ButtonsForwardToTheControllerAndEscapeCloses) {
     EXPECT_EQ(window.windowTitle(), "Facturen");
     EXPECT_EQ(window.findChild<QLabel*>("lblPaginas")->text(),
               QString::number(document.pages.size()) + " pagina's");
-    for (auto* button : window.findChildren<QPushButton*>())
+    for (auto* button : window.findChildren<QPushButton*>()) {
         EXPECT_FALSE(button->accessibleName().isEmpty()) << button->objectName().toStdString();
+    }
     EXPECT_EQ(window.findChild<QPrintPreviewWidget*>("pvwPaginas")->pageCount(),
               document.pages.size());
     window.findChild<QPushButton*>("cmdAfdrukken")->click();

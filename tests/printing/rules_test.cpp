@@ -20,8 +20,9 @@ TEST(SjabloonRulesTest, TheSettingChoosesTemplatesInItsFixedOrder) {
         {-1, std::nullopt},
         {32767, std::nullopt},
     };
-    for (const auto& [sjabloon, template_] : cases)
+    for (const auto& [sjabloon, template_] : cases) {
         EXPECT_EQ(sjabloonNummer(sjabloon), template_) << sjabloon;
+    }
 }
 
 TEST(SjabloonRulesTest, MarginsAreHalfTheSettingTimesAHundred) {
@@ -29,7 +30,9 @@ TEST(SjabloonRulesTest, MarginsAreHalfTheSettingTimesAHundred) {
         {10, 500.0f}, {20, 1000.0f}, {0, 0.0f},           {11, 550.0f},
         {1, 50.0f},   {-3, -150.0f}, {32767, 1638350.0f},
     };
-    for (const auto& [marge, twips] : cases) EXPECT_EQ(margeInTwips(marge), twips) << marge;
+    for (const auto& [marge, twips] : cases) {
+        EXPECT_EQ(margeInTwips(marge), twips) << marge;
+    }
 }
 
 // Hundredths of a millimetre against twips, as they stand: a picture of 5000 x 2000
@@ -46,9 +49,10 @@ TEST(SjabloonRulesTest, ALogoIsZoomedWhenOneSideIsLargerInItsOwnUnit) {
         {{4000, 3000}, {4000, 3000}, false},  // equal is not larger
         {{4001, 3001}, {4000, 3000}, true},
     };
-    for (const Case& c : cases)
+    for (const Case& c : cases) {
         EXPECT_EQ(logoInZoom(c.picture, c.control), c.zoom)
             << c.picture.width() << 'x' << c.picture.height();
+    }
 }
 
 TEST(SjabloonRulesTest, APageExactlyAsWideAsTheReportIsTooNarrow) {
@@ -106,8 +110,9 @@ TEST(PrinterNameTest, RedirectedPrintersMatchWithoutTheirSuffix) {
         {"  Zolder (omgeleid 1)  ", "Zolder"},
         {"A (omgeleid) B", "A  B"},
     };
-    for (const auto& [name, compared] : names)
+    for (const auto& [name, compared] : names) {
         EXPECT_EQ(clsPrinter::comparedName(name), QString(compared)) << name;
+    }
 
     const QStringList installed = {"Kantoor", "HP LaserJet (omgeleid 2)", "hp laserjet"};
     EXPECT_EQ(clsPrinter::matchPrinter("HP LASERJET", installed), "HP LaserJet (omgeleid 2)");

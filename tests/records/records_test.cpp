@@ -42,7 +42,9 @@ QStringList row(const char* columns, const QVariantList& values) {
     const QStringList names = QString(columns).split(' ');
     EXPECT_EQ(names.size(), values.size()) << columns;
     QStringList all;
-    for (qsizetype i = 0; i < names.size(); ++i) all << names[i] + '=' + text(values.value(i));
+    for (qsizetype i = 0; i < names.size(); ++i) {
+        all << names[i] + '=' + text(values.value(i));
+    }
     return all;
 }
 

@@ -24,10 +24,11 @@ QStringList columnsOf(const QString& database, const QString& table) {
     sqlite3_stmt* statement = nullptr;
     sqlite3_prepare_v2(db, QString("PRAGMA table_info(%1)").arg(table).toUtf8().constData(), -1,
                        &statement, nullptr);
-    while (sqlite3_step(statement) == SQLITE_ROW)
+    while (sqlite3_step(statement) == SQLITE_ROW) {
         columns << QString("%1 %2").arg(
             reinterpret_cast<const char*>(sqlite3_column_text(statement, 1)),
             reinterpret_cast<const char*>(sqlite3_column_text(statement, 2)));
+    }
     sqlite3_finalize(statement);
     sqlite3_close(db);
     return columns;
@@ -68,16 +69,19 @@ TEST_P(JetFixtureTest, ConvertsEveryCellAsExpected) {
     TempProgramFolder folder;
     const jet::ConversionResult result = jet::convert(fixture(f.file), folder.file("db.daa"));
     QJsonObject expected = expectedTables(f.expected);
-    if (f.deletedInvoice)
+    if (f.deletedInvoice) {
         expected = withoutInvoice(expected, f.deletedInvoice);
+    }
     EXPECT_EQ(differences(folder.file("db.daa"), expected).join('\n').toStdString(), "");
 
     TestDatabase current;
-    for (const QString& table : jet::convertedTables())
+    for (const QString& table : jet::convertedTables()) {
         EXPECT_EQ(columnsOf(folder.file("db.daa"), table), columnsOf(current.path(), table));
-    for (const jet::TableCount& count : result.tables)
+    }
+    for (const jet::TableCount& count : result.tables) {
         EXPECT_EQ(count.rows, expected.value(count.table).toObject().value("rowCount").toInt())
             << count.table.toStdString();
+    }
     EXPECT_EQ(result.orphans.size(), f.deletedInvoice ? 2 : 0);
 }
 
@@ -121,13 +125,15 @@ TEST(JetMigration, ReplacesInPlaceKeepingTheOldFileAndSettingOrphansApart) {
     QStringList orphans;
     for (const QJsonValue row :
          expectedTables("db-jet4.expected.json").value("ArtikelPerFactuur")["rows"].toArray()) {
-        if (row["FactuurID"].toInt() != 10)
+        if (row["FactuurID"].toInt() != 10) {
             continue;
+        }
         QStringList fields;
-        for (const QString& column : header)
+        for (const QString& column : header) {
             fields << (row[column].isString() ? row[column].toString()
                                               : QString::number(row[column].toDouble(), 'g',
                                                                 QLocale::FloatingPointShortest));
+        }
         orphans << fields.join(';');
     }
     EXPECT_EQ(QString::fromUtf8(lines[1].trimmed() + "\n" + lines[2].trimmed()),
@@ -136,13 +142,16 @@ TEST(JetMigration, ReplacesInPlaceKeepingTheOldFileAndSettingOrphansApart) {
     // Stock that differs between the two files, article by article, from their rows.
     QHash<int, int> ours, theirs;
     for (const auto& [json, stock] : {std::pair{"db-jet4.expected.json", &ours},
-                                      std::pair{"db-jet4-earliest.expected.json", &theirs}})
+                                      std::pair{"db-jet4-earliest.expected.json", &theirs}}) {
         for (const QJsonValue row :
-             expectedTables(json).value("Artikel").toObject().value("rows").toArray())
+             expectedTables(json).value("Artikel").toObject().value("rows").toArray()) {
             stock->insert(row["ArtikelID"].toInt(), row["Voorraad"].toInt());
+        }
+    }
     int differing = 0;
-    for (auto it = ours.begin(); it != ours.end(); ++it)
+    for (auto it = ours.begin(); it != ours.end(); ++it) {
         differing += !theirs.contains(it.key()) || theirs.value(it.key()) != it.value();
+    }
     EXPECT_EQ(result.stockDifferences.size(), differing);
     EXPECT_TRUE(result.stockDifferences.contains(
         QString("ArtikelID 64: db.daa %1, daa.mdb leeg").arg(ours[64])));
@@ -192,8 +201,9 @@ class JetRefusalTest : public testing::TestWithParam<Refusal> {};
 TEST_P(JetRefusalTest, StopsWithAMessageAndLeavesTheFolderAsItWas) {
     const Refusal& r = GetParam();
     JetFolder folder(r.fixture);
-    if (r.truncateTo)
+    if (r.truncateTo) {
         QFile::resize(folder.database(), r.truncateTo);
+    }
     folder.original = readAll(folder.database());
     try {
         jet::migrate(folder.database(), folder.database(), {}, schemaWith(r.schemaChange));
@@ -265,8 +275,9 @@ TEST_P(JetKillTest, AKilledConversionLeavesTheOldFile) {
         int reports = 0;
         try {
             jet::migrate(folder.database(), folder.database(), [&](qint64, qint64) {
-                if (++reports == GetParam())
+                if (++reports == GetParam()) {
                     ::raise(SIGKILL);
+                }
                 return true;
             });
         } catch (...) {

@@ -33,9 +33,11 @@ inline QJsonObject withoutInvoice(QJsonObject tables, int invoice) {
     for (const QString table : {"Factuur", "ArtikelPerFactuur"}) {
         QJsonObject object = tables.value(table).toObject();
         QJsonArray kept;
-        for (const QJsonValue row : object.value("rows").toArray())
-            if (row.toObject().value("FactuurID").toInt() != invoice)
+        for (const QJsonValue row : object.value("rows").toArray()) {
+            if (row.toObject().value("FactuurID").toInt() != invoice) {
                 kept.append(row);
+            }
+        }
         object["rows"] = kept;
         object["rowCount"] = kept.size();
         tables[table] = object;
@@ -77,8 +79,9 @@ inline QStringList differences(const QString& database, const QJsonObject& table
         const QJsonArray rows = table.value("rows").toArray();
         int row = 0;
         for (; sqlite3_step(statement) == SQLITE_ROW; ++row) {
-            if (row >= rows.size())
+            if (row >= rows.size()) {
                 continue;
+            }
             const QJsonObject expected = rows[row].toObject();
             for (int c = 0; c < names.size(); ++c) {
                 const QJsonValue want = expected.value(names[c]);
@@ -86,32 +89,35 @@ inline QStringList differences(const QString& database, const QJsonObject& table
                 const QString text = QString::fromUtf8(
                     reinterpret_cast<const char*>(sqlite3_column_text(statement, c)));
                 bool same;
-                if (want.isNull())
+                if (want.isNull()) {
                     same = type == SQLITE_NULL;
-                else if (types[c] == "CURRENCY")
+                } else if (types[c] == "CURRENCY") {
                     same = type == SQLITE_INTEGER &&
                            sqlite3_column_int64(statement, c) == scaledMoney(want.toString());
-                else if (types[c] == "DOUBLE" || types[c] == "SINGLE")
+                } else if (types[c] == "DOUBLE" || types[c] == "SINGLE") {
                     same = type != SQLITE_NULL &&
                            sqlite3_column_double(statement, c) == want.toDouble();
-                else if (types[c] == "YESNO")
+                } else if (types[c] == "YESNO") {
                     same = type == SQLITE_INTEGER &&
                            sqlite3_column_int(statement, c) == (want.toBool() ? 1 : 0);
-                else if (want.isString())
+                } else if (want.isString()) {
                     same = type == SQLITE_TEXT && text == want.toString();
-                else
+                } else {
                     same = type == SQLITE_INTEGER &&
                            sqlite3_column_int64(statement, c) == want.toInteger();
-                if (!same)
+                }
+                if (!same) {
                     found << QString("%1 %2=%3 %4: %5 instead of %6")
                                  .arg(it.key(), key, expected.value(key).toVariant().toString(),
                                       names[c], type == SQLITE_NULL ? "Null" : text,
                                       QString::fromUtf8(QJsonDocument(QJsonArray{want})
                                                             .toJson(QJsonDocument::Compact)));
+                }
             }
         }
-        if (row != rows.size())
+        if (row != rows.size()) {
             found << QString("%1: %2 rows instead of %3").arg(it.key()).arg(row).arg(rows.size());
+        }
         sqlite3_finalize(statement);
     }
     sqlite3_close(db);

@@ -37,20 +37,23 @@ protected:
     ArticleScreenTest() {
         installQtViews();
         database.linkStockDatabase();
-        for (int i = 1; i <= 5; ++i)
+        for (int i = 1; i <= 5; ++i) {
             database.exec(QString("INSERT INTO Artikel (Nummer, Omschrijving, Eenheid, Voorraad, "
                                   "Prijs, BTWTarief, Zichtbaar) VALUES ('%1', 'Artikel %1', "
                                   "'stuk', 10, 10000, 1, 1)")
                               .arg(i));
+        }
     }
 
     template <class T = QWidget>
     static T* find(const char* name) {
         for (QWidget* top : QApplication::topLevelWidgets()) {
-            if (top->objectName() == name && qobject_cast<T*>(top))
+            if (top->objectName() == name && qobject_cast<T*>(top)) {
                 return qobject_cast<T*>(top);
-            if (T* child = top->findChild<T*>(name); child && child->isVisible())
+            }
+            if (T* child = top->findChild<T*>(name); child && child->isVisible()) {
                 return child;
+            }
         }
         return nullptr;
     }
@@ -254,7 +257,9 @@ TEST_F(ArticleScreenTest, SearchFindsAsTypingPausesAndMovesBetweenMatches) {
     QTest::keyClicks(list->findChild<QLineEdit*>("txtZoek"), "lamp");
     EXPECT_TRUE(tmrZoek->isActive());
     // Waits for the timer as long as a slow machine needs; the time itself is not tested.
-    for (int wait = 0; wait < 100 && tmrZoek->isActive(); ++wait) QTest::qWait(50);
+    for (int wait = 0; wait < 100 && tmrZoek->isActive(); ++wait) {
+        QTest::qWait(50);
+    }
     EXPECT_EQ(grid->currentRow(), 4) << "after the three \"Artikel\" rows";
     EXPECT_EQ(grid->textMatrix(4, 1), "Lamp 2");
     list->findChild<QPushButton*>("cmdVerder")->click();
@@ -291,8 +296,9 @@ TEST_F(ArticleScreenTest, TheLineDialogFiltersKeysAndReportsCancelling) {
 }
 
 TEST_F(ArticleScreenTest, F1OpensTheArticlePageFromTheListAndTheEditScreenAndPrintingAsks) {
-    for (const char* name : {"Lindebrug.qch", "Lindebrug.qhc"})
+    for (const char* name : {"Lindebrug.qch", "Lindebrug.qhc"}) {
         QFile(database.file(name)).open(QIODevice::WriteOnly);
+    }
     frmArtikelBewerken& edit = openNewArticle();
     focus(edit.findChild<QLineEdit*>("txtOmschrijving"));
     QTest::keyClick(edit.findChild<QLineEdit*>("txtOmschrijving"), Qt::Key_F1);
@@ -301,8 +307,9 @@ TEST_F(ArticleScreenTest, F1OpensTheArticlePageFromTheListAndTheEditScreenAndPri
     focus(list->findChild<QLineEdit*>("txtZoek"));
     QTest::keyClick(list->findChild<QLineEdit*>("txtZoek"), Qt::Key_F1);
     ASSERT_EQ(ui.startedPrograms.size(), 2);
-    for (const QStringList& started : ui.startedPrograms)
+    for (const QStringList& started : ui.startedPrograms) {
         EXPECT_EQ(started.last(), clsHelp::pageUrl("artikelen.htm"));
+    }
 
     list->findChild<QPushButton*>("cmdAfdrukken")->click();
     EXPECT_EQ(ui.printerDialogs, 1) << "the user chooses the printer; cancelled, nothing printed";

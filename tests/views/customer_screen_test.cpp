@@ -112,8 +112,9 @@ TEST_F(CustomerScreenTest, EachModeShowsItsButtons) {
         QWidget* list = screens.list;
         EXPECT_EQ(child<QLabel>(list, "lblTitel")->text(),
                   selecting ? "Selecteer een klant" : "Klanten");
-        for (const char* management : {"cmdNieuw", "cmdBewerk", "cmdVerwijder"})
+        for (const char* management : {"cmdNieuw", "cmdBewerk", "cmdVerwijder"}) {
             EXPECT_EQ(child(list, management)->isVisible(), !selecting) << management;
+        }
         EXPECT_EQ(child(list, "cmdAnnuleren")->isVisible(), selecting);
         EXPECT_TRUE(child(list, "cmdOK")->isVisible());
         QWidget* envelope = child(list, "cmdAfdrukkenEnveloppe");
@@ -209,7 +210,9 @@ TEST_F(CustomerScreenTest, EditScreenSavesWithEnterAndCancelsWithEscape) {
 
     // Every field has its label as buddy and a name for assistive tools.
     QList<QWidget*> buddies;
-    for (QLabel* label : edit->findChildren<QLabel*>()) buddies << label->buddy();
+    for (QLabel* label : edit->findChildren<QLabel*>()) {
+        buddies << label->buddy();
+    }
     for (QLineEdit* field : edit->findChildren<QLineEdit*>()) {
         EXPECT_TRUE(buddies.contains(field)) << field->objectName().toStdString();
         EXPECT_FALSE(field->accessibleName().isEmpty()) << field->objectName().toStdString();
@@ -234,8 +237,9 @@ TEST_F(CustomerScreenTest, EditScreenSavesWithEnterAndCancelsWithEscape) {
 }
 
 TEST_F(CustomerScreenTest, F1OpensTheCustomerPageAndPrintingAsksForAPrinter) {
-    for (const char* name : {"Lindebrug.qch", "Lindebrug.qhc"})
+    for (const char* name : {"Lindebrug.qch", "Lindebrug.qhc"}) {
         QFile(database.file(name)).open(QIODevice::WriteOnly);
+    }
     start(false);
     QTest::keyClick(&grid(), Qt::Key_F1);
     grid().setCurrentRow(1);
@@ -243,8 +247,9 @@ TEST_F(CustomerScreenTest, F1OpensTheCustomerPageAndPrintingAsksForAPrinter) {
     ASSERT_TRUE(QTest::qWaitForWindowExposed(screens.edit));
     QTest::keyClick(child<QLineEdit>(screens.edit, "txtPlaats"), Qt::Key_F1);
     ASSERT_EQ(ui.startedPrograms.size(), 2);
-    for (const QStringList& started : ui.startedPrograms)
+    for (const QStringList& started : ui.startedPrograms) {
         EXPECT_EQ(started.last(), clsHelp::pageUrl("klanten.htm"));
+    }
 
     QTest::keyClick(screens.edit, Qt::Key_Escape);
     QTest::mouseClick(child<QAbstractButton>(screens.list, "cmdAfdrukken"), Qt::LeftButton);

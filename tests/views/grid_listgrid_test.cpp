@@ -7,8 +7,9 @@ namespace {
 
 QList<int> rowsSelectedInView(const ListGrid& grid) {
     QList<int> rows;
-    for (const QModelIndex& index : grid.selectionModel()->selectedRows())
+    for (const QModelIndex& index : grid.selectionModel()->selectedRows()) {
         rows.append(index.row() + 1);
+    }
     std::sort(rows.begin(), rows.end());
     return rows;
 }
@@ -53,7 +54,9 @@ TEST_P(GridSelectionRule, RowsFromCurrentToSelectionEndLowestFirst) {
     }
     EXPECT_EQ(grid.selectedRows(), c.expected);
     QList<int> ids;
-    for (int row : c.expected) ids << 1000 + row;
+    for (int row : c.expected) {
+        ids << 1000 + row;
+    }
     EXPECT_EQ(grid.selectedRowData(), ids);
     EXPECT_EQ(rowsSelectedInView(grid), c.expected);
 }
@@ -99,7 +102,9 @@ TEST_F(GridTest, WhatIsSetWithRedrawOffReachesTheViewAndSurvivesARefill) {
     grid.clear();
     grid.setRows(1);
     EXPECT_EQ(grid.currentRow(), 0);
-    for (int i = 1; i <= 300; ++i) grid.addRow(QStringLiteral("%1\tRij %1").arg(i));
+    for (int i = 1; i <= 300; ++i) {
+        grid.addRow(QStringLiteral("%1\tRij %1").arg(i));
+    }
     grid.setCurrentRow(120);
     grid.setTopRow(120);
     EXPECT_EQ(grid.topRow(), 120);

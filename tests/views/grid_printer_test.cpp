@@ -30,8 +30,9 @@ protected:
 
 TEST_F(GridPrintTest, TitleDateHeaderOnEveryPageAndEachRowOnceInGridOrder) {
     QStringList rows;
-    for (int i = 1; i <= 130; ++i)
+    for (int i = 1; i <= 130; ++i) {
         rows.append(QStringLiteral("A%1\tArtikel %1\t€ %1,50").arg(i, 3, 10, QChar('0')));
+    }
     fill(rows, {"Artikelnummer", "Omschrijving", "Prijs"});
     grid.setColWidth(0, 130);
     grid.setColAlignment(2, Qt::AlignRight);

@@ -51,7 +51,9 @@ TEST_F(SearchTest, SelectsTheMatchingRows) {
 // The search goes on from the last match's row, which a refilled shorter list no longer has.
 TEST_F(SearchTest, AMatchIsScrolledToTheTopAndARefilledListIsSearchedFromItsTop) {
     QStringList rows;
-    for (int i = 1; i <= 300; ++i) rows << QString("%1\tRij %1").arg(i);
+    for (int i = 1; i <= 300; ++i) {
+        rows << QString("%1\tRij %1").arg(i);
+    }
     fill(rows);
     searchBox.setText("100");
     ASSERT_TRUE(flexgrid.search(F));
@@ -73,7 +75,9 @@ TEST_F(SearchTest, TypingSearchesOnceWhenTheTimerFires) {
         typingPaused.quit();
     });
 
-    for (const char* typed : {"v", "vi", "vis"}) searchBox.setText(typed);
+    for (const char* typed : {"v", "vi", "vis"}) {
+        searchBox.setText(typed);
+    }
     EXPECT_EQ(tmrZoek.interval(), 350);
     EXPECT_EQ(grid.currentRow(), 0);                              // nothing searched while typing
     QTimer::singleShot(10000, &typingPaused, &QEventLoop::quit);  // only if it never fires

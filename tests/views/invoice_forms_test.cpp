@@ -22,8 +22,9 @@ namespace {
 template <class T>
 T& child(QWidget& form, const char* name) {
     T* found = form.findChild<T*>(QString::fromLatin1(name));
-    if (!found)
+    if (!found) {
         throw std::runtime_error(std::string("no control ") + name);
+    }
     return *found;
 }
 
@@ -144,8 +145,9 @@ class InvoiceListSelectionTest : public testing::TestWithParam<Drag> {};
 TEST_P(InvoiceListSelectionTest, EitherDirectionGivesTheSameInvoices) {
     frmFacturen form;
     form.beginFill({"Factuurnummer", "Klantnaam", "Datum", "Totaal prijs"});
-    for (const qint32 key : {41, 42, 43, 44, 45})
+    for (const qint32 key : {41, 42, 43, 44, 45}) {
         form.addRow(QString("%1\tKlant\t01-01-2026\t€ 1,00").arg(key), key);
+    }
     form.endFill();
     auto& grid = child<ListGrid>(form, "fgrFacturen");
     grid.setCurrentRow(GetParam().from);
@@ -215,8 +217,9 @@ TEST(InvoiceListForm, TheEInvoiceButtonForwardsTheSelectedInvoices) {
     EXPECT_EQ(child<QPushButton>(form, "cmdToon").nextInFocusChain(), &button);
 
     form.beginFill({"Factuurnummer", "Klantnaam", "Datum", "Totaal prijs"});
-    for (const qint32 key : {41, 42, 43, 44, 45})
+    for (const qint32 key : {41, 42, 43, 44, 45}) {
         form.addRow(QString("%1\tKlant\t01-01-2026\t€ 1,00").arg(key), key);
+    }
     form.endFill();
     auto& grid = child<ListGrid>(form, "fgrFacturen");
     grid.setCurrentRow(4);

@@ -55,16 +55,18 @@ protected:
     // The visible screen of that name in the frame.
     QWidget& screen(const char* name) const {
         for (QMdiSubWindow* sub : window.findChild<QMdiArea*>("mdiSchermen")->subWindowList()) {
-            if (sub->isVisible() && sub->widget() && sub->widget()->objectName() == name)
+            if (sub->isVisible() && sub->widget() && sub->widget()->objectName() == name) {
                 return *sub->widget();
+            }
         }
         throw std::runtime_error(std::string("no open screen ") + name);
     }
     template <class T = QPushButton>
     static T& child(QWidget& form, const char* name) {
         T* found = form.findChild<T*>(QString::fromLatin1(name));
-        if (!found)
+        if (!found) {
             throw std::runtime_error(std::string("no control ") + name);
+        }
         return *found;
     }
     static void click(QWidget& form, const char* button) {

@@ -94,10 +94,12 @@ TEST(SettingsScreen, PageButtonsShowTheirPageAndAreColouredWhite) {
     for (QPushButton* button : buttons) {
         button->click();
         const int index = button->property("index").toInt();
-        for (QWidget* page : settings.screen.findChildren<QWidget*>("fraInstellingen"))
+        for (QWidget* page : settings.screen.findChildren<QWidget*>("fraInstellingen")) {
             EXPECT_EQ(page->isVisible(), page->property("index").toInt() == index);
-        for (QPushButton* other : buttons)
+        }
+        for (QPushButton* other : buttons) {
             EXPECT_EQ(other->styleSheet().contains("#FFFFFF"), other == button);
+        }
     }
     EXPECT_EQ(settings.screen.findChild<QComboBox*>("cmbSjabloon")->count(), 7);
 }
@@ -106,13 +108,15 @@ TEST(SettingsScreen, EveryInputHasAnAccessibleNameAndALabelPointingAtIt) {
     Shown<frmInstellingen> settings;
     for (QWidget* widget : settings.screen.findChildren<QWidget*>()) {
         if (qobject_cast<QLineEdit*>(widget) || qobject_cast<QComboBox*>(widget) ||
-            qobject_cast<QAbstractButton*>(widget))
+            qobject_cast<QAbstractButton*>(widget)) {
             EXPECT_FALSE(widget->accessibleName().isEmpty()) << widget->objectName().toStdString();
+        }
     }
     for (QLineEdit* edit : settings.screen.findChildren<QLineEdit*>()) {
         bool labelled = false;
-        for (QLabel* label : settings.screen.findChildren<QLabel*>())
+        for (QLabel* label : settings.screen.findChildren<QLabel*>()) {
             labelled = labelled || label->buddy() == edit;
+        }
         EXPECT_TRUE(labelled) << edit->objectName().toStdString();
     }
 }
@@ -155,19 +159,22 @@ TEST_P(SettingsScreenClose, CancelsOnceAndSavesNothing) {
     QSignalSpy sluit(&controller, &clsContrInstellingen::SluitInstellingen);
     controller.StartInstellingen();
     frmInstellingen* screen = nullptr;
-    for (QWidget* top : QApplication::topLevelWidgets())
-        if (auto* found = qobject_cast<frmInstellingen*>(top); found && found->isVisible())
+    for (QWidget* top : QApplication::topLevelWidgets()) {
+        if (auto* found = qobject_cast<frmInstellingen*>(top); found && found->isVisible()) {
             screen = found;
+        }
+    }
     ASSERT_NE(screen, nullptr);
     screen->findChild<QLineEdit*>("txtBedrijfsnaam")->setText("Niet bewaren");
 
     const QString how = GetParam();
-    if (how == "escape")
+    if (how == "escape") {
         QTest::keyClick(screen, Qt::Key_Escape);
-    else if (how == "close box")
+    } else if (how == "close box") {
         screen->QDialog::close();
-    else
+    } else {
         screen->findChild<QPushButton*>("cmdAnnuleren")->click();
+    }
 
     EXPECT_EQ(sluit.count(), 1);
     EXPECT_FALSE(screen->isVisible());

@@ -114,8 +114,9 @@ TEST_F(SettingsPrintTest, TheExampleInvoiceUsesTheUnsavedFont) {
         << (ui.messages.isEmpty() ? "" : ui.lastMessage().text.toStdString());
     int texts = 0;
     for (const report::DrawItem& item : fakes.shown.first().pages.first().items) {
-        if (item.kind != report::DrawItem::Kind::Text || item.text.isEmpty())
+        if (item.kind != report::DrawItem::Kind::Text || item.text.isEmpty()) {
             continue;
+        }
         ++texts;
         EXPECT_EQ(item.font.family, "Liberation Mono") << item.text.toStdString();
     }

@@ -26,9 +26,10 @@ TEST(MainWindowTest, EveryBandHoldsItsToolsInOrder) {
     const auto band = [&](const char* name) {
         QStringList tools{name};
         if (const auto* band = window.findChild<QWidget*>(name)) {
-            for (const QAction* tool : band->actions())
+            for (const QAction* tool : band->actions()) {
                 tools << tool->objectName() + " " + tool->text() +
                              (tool->menu() ? ">" + tool->menu()->objectName() : QString());
+            }
         }
         return tools.join(" | ");
     };

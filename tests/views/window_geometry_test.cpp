@@ -20,12 +20,14 @@ struct Screen {
             sub->setAttribute(Qt::WA_DeleteOnClose, false);
         }
         widget->show();
-        if (sub)
+        if (sub) {
             sub->show();
+        }
     }
     ~Screen() {
-        if (!sub)
+        if (!sub) {
             delete widget;
+        }
     }
     QWidget* window() const { return sub ? static_cast<QWidget*>(sub) : widget; }
 
@@ -47,8 +49,9 @@ TEST(WindowGeometryTest, AScreenReopensWithItsSizeAndPlaceOnItsOwnAndInTheFrame)
         }
         Screen second(name, where);
         EXPECT_EQ(second.window()->size(), place.size()) << name.toStdString();
-        if (where)
+        if (where) {
             EXPECT_EQ(second.window()->pos(), place.topLeft());
+        }
         Screen other("frmAnder", where);
         EXPECT_NE(other.window()->size(), place.size()) << "each screen keeps its own";
     }

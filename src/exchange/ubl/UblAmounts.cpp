@@ -11,19 +11,24 @@ template <class T>
 T divideRounded(T a, T b) {
     const T quotient = a / b;
     const T remainder = a % b;
-    if (2 * (remainder < 0 ? -remainder : remainder) < b)
+    if (2 * (remainder < 0 ? -remainder : remainder) < b) {
         return quotient;
+    }
     return a < 0 ? quotient - 1 : quotient + 1;
 }
 
 QString trimmedDecimals(QString text, int keep) {
     const qsizetype point = text.indexOf(QLatin1Char('.'));
-    if (point < 0)
+    if (point < 0) {
         return text;
+    }
     qsizetype end = text.size();
-    while (end > point + 1 + keep && text.at(end - 1) == QLatin1Char('0')) --end;
-    if (end == point + 1)
+    while (end > point + 1 + keep && text.at(end - 1) == QLatin1Char('0')) {
         --end;
+    }
+    if (end == point + 1) {
+        --end;
+    }
     text.truncate(end);
     return text;
 }
@@ -84,10 +89,11 @@ Totals computeTotals(const QList<LineAmounts>& lines, Currency invoiceTotal) {
         totals.lineExtension += net;
         auto subtotal = std::find_if(totals.subtotals.begin(), totals.subtotals.end(),
                                      [&](const TaxSubtotal& s) { return s.tax == line.tax; });
-        if (subtotal == totals.subtotals.end())
+        if (subtotal == totals.subtotals.end()) {
             totals.subtotals.append(TaxSubtotal{line.tax, net, 0});
-        else
+        } else {
             subtotal->taxable += net;
+        }
     }
     for (TaxSubtotal& subtotal : totals.subtotals) {
         subtotal.vat = vatOf(subtotal.taxable, subtotal.tax.percent);

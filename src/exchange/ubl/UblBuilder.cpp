@@ -14,8 +14,9 @@ const QString kNoInvoice = QStringLiteral("Er kan geen e-factuur worden gemaakt.
 QString joinedNonEmpty(const QStringList& parts) {
     QStringList kept;
     for (const QString& part : parts) {
-        if (!part.trimmed().isEmpty())
+        if (!part.trimmed().isEmpty()) {
             kept.append(part.trimmed());
+        }
     }
     return kept.join(QLatin1Char(' '));
 }
@@ -28,8 +29,9 @@ QString contactName(const clsObjKlant& klant) {
 QStringList emptyFields(std::initializer_list<std::pair<QString, QString>> fields) {
     QStringList missing;
     for (const auto& [label, value] : fields) {
-        if (value.trimmed().isEmpty())
+        if (value.trimmed().isEmpty()) {
             missing.append(label);
+        }
     }
     return missing;
 }
@@ -66,8 +68,9 @@ Party buyerParty(const clsObjKlant& klant, const QString& btwNummer) {
     buyer.countryCode = countryCode(klant.Land());
     buyer.vatNumber = normalizedVatNumber(btwNummer, buyer.countryCode);
     buyer.endpointScheme = vatEndpointScheme(buyer.vatNumber);
-    if (!buyer.endpointScheme.isEmpty())
+    if (!buyer.endpointScheme.isEmpty()) {
         buyer.endpointId = buyer.vatNumber;
+    }
     return buyer;
 }
 
@@ -75,10 +78,12 @@ Party buyerParty(const clsObjKlant& klant, const QString& btwNummer) {
 // there is none, follows from where the customer is and whether it has a VAT number.
 VatCategory zeroVatCategory(const Party& buyer) {
     const bool hasVatNumber = !buyer.vatNumber.isEmpty();
-    if (buyer.countryCode == QLatin1String("NL"))
+    if (buyer.countryCode == QLatin1String("NL")) {
         return hasVatNumber ? VatCategory::ReverseCharge : VatCategory::ZeroRated;
-    if (isEuMember(buyer.countryCode))
+    }
+    if (isEuMember(buyer.countryCode)) {
         return hasVatNumber ? VatCategory::IntraCommunity : VatCategory::ZeroRated;
+    }
     return VatCategory::Export;
 }
 
@@ -86,18 +91,22 @@ VatCategory zeroVatCategory(const Party& buyer) {
 // that carry VAT (saved before the customer went to 0 %) keep their rate.
 TaxCategory lineTax(const clsObjArtikelPerFactuur& line, bool zeroVatCustomer,
                     VatCategory zeroCategory) {
-    if (zeroVatCustomer && line.BTWBedrag().isZero())
+    if (zeroVatCustomer && line.BTWBedrag().isZero()) {
         return {zeroCategory, 0};
-    if (line.BTWTarief() <= 0 && line.BTWBedrag().isZero())
+    }
+    if (line.BTWTarief() <= 0 && line.BTWBedrag().isZero()) {
         return {VatCategory::ZeroRated, 0};
+    }
     return {VatCategory::Standard, line.BTWTarief()};
 }
 
 QString itemName(const clsObjArtikel& artikel) {
-    if (!artikel.Omschrijving().trimmed().isEmpty())
+    if (!artikel.Omschrijving().trimmed().isEmpty()) {
         return artikel.Omschrijving().trimmed();
-    if (!artikel.Nummer().trimmed().isEmpty())
+    }
+    if (!artikel.Nummer().trimmed().isEmpty()) {
         return QStringLiteral("Artikel ") + artikel.Nummer().trimmed();
+    }
     return QStringLiteral("Artikel zonder omschrijving");
 }
 
@@ -143,8 +152,9 @@ public:
         invoice.paymentTerms =
             QStringLiteral("Betaling binnen %1 dagen na factuurdatum.").arg(termijn);
         built.refusal = addBuyer(invoice.buyer);
-        if (built.refusal.isEmpty())
+        if (built.refusal.isEmpty()) {
             built.refusal = addLines(invoice);
+        }
         return built;
     }
 
@@ -161,10 +171,11 @@ private:
         buyer = buyerParty(klant, records_.klantBtwNummer);
         const QString who = buyer.name.isEmpty() ? QStringLiteral("de klant")
                                                  : QStringLiteral("klant ") + buyer.name;
-        if (buyer.countryCode.isEmpty())
+        if (buyer.countryCode.isEmpty()) {
             return refusal(QStringLiteral("het land van %1 (%2) is onbekend. Vul bij de klant "
                                           "de naam van het land in, bijvoorbeeld België.")
                                .arg(who, klant.Land().trimmed()));
+        }
         // A Dutch address needs its postcode; abroad not every country has one.
         const QStringList missing = emptyFields({
             {QStringLiteral("Bedrijfsnaam of Achternaam"), buyer.name},
@@ -173,16 +184,18 @@ private:
              buyer.countryCode == QLatin1String("NL") ? buyer.postcode : QStringLiteral("-")},
             {QStringLiteral("Plaats"), buyer.city},
         });
-        if (!missing.isEmpty())
+        if (!missing.isEmpty()) {
             return refusal(QStringLiteral("vul bij %1 eerst in: %2.").arg(who, missing.join(", ")));
-        if (profile_ == Profile::NlCius && buyer.countryCode == QLatin1String("NL"))
+        }
+        if (profile_ == Profile::NlCius && buyer.countryCode == QLatin1String("NL")) {
             return refusal(QStringLiteral("SI-UBL (NLCIUS) vraagt het KvK-nummer van een "
                                           "Nederlandse klant, en dat houdt Lindebrug niet bij. "
                                           "Maak de e-factuur voor %1 als Peppol e-factuur.")
                                .arg(who));
+        }
         // The Peppol network delivers an invoice only to an electronic address, and the one
         // address the program knows of a customer is its VAT number.
-        if (profile_ == Profile::Peppol && buyer.endpointId.isEmpty())
+        if (profile_ == Profile::Peppol && buyer.endpointId.isEmpty()) {
             return refusal(
                 buyer.vatNumber.isEmpty()
                     ? QStringLiteral("%1 heeft geen btw-nummer. Een Peppol e-factuur heeft het "
@@ -192,14 +205,16 @@ private:
                     : QStringLiteral("het btw-nummer %1 van %2 is geen Peppol-adres. Maak de "
                                      "e-factuur als SI-UBL (NLCIUS).")
                           .arg(buyer.vatNumber, who));
+        }
         return QString();
     }
 
     QString addLines(Invoice& invoice) const {
         const clsObjFactuur& factuur = records_.factuur;
         const QList<clsObjArtikelPerFactuur>& lines = factuur.ArtikelenPerFactuur();
-        if (lines.isEmpty())
+        if (lines.isEmpty()) {
             return refusal(QStringLiteral("de factuur heeft geen regels."));
+        }
         const bool zeroVatCustomer = factuur.Klant().BTW();
         const VatCategory zeroCategory = zeroVatCategory(invoice.buyer);
         QList<LineAmounts> amounts;
@@ -209,10 +224,11 @@ private:
                             lineTax(line, zeroVatCustomer, zeroCategory)});
             linesTotal += line.TotaalPrijs() + line.BTWBedrag();
         }
-        if (linesTotal != factuur.TotaalPrijs())
+        if (linesTotal != factuur.TotaalPrijs()) {
             return refusal(QStringLiteral("het totaal van de factuur (%1) is niet de som van de "
                                           "regels (%2). Open de factuur en sla haar opnieuw op.")
                                .arg(formatPrice(factuur.TotaalPrijs()), formatPrice(linesTotal)));
+        }
         invoice.totals = computeTotals(amounts, factuur.TotaalPrijs());
         for (qsizetype i = 0; i < lines.size(); ++i) {
             invoice.lines.append(invoiceLine(lines.at(i), records_.artikelen.at(i),
@@ -231,18 +247,21 @@ private:
 std::optional<InvoiceRecords> loadInvoiceRecords(qint32 factuurId) {
     const QList<clsObjFactuur> found =
         clsObjFactuur().Lijst(QStringLiteral("FactuurID=") + QString::number(factuurId));
-    if (found.isEmpty())
+    if (found.isEmpty()) {
         return std::nullopt;
+    }
     InvoiceRecords records{found.first(), {}, {}};
     records.factuur.LaadKlant();
     records.factuur.LaadArtikelenPerFactuur();
-    for (const clsObjArtikelPerFactuur& line : records.factuur.ArtikelenPerFactuur())
+    for (const clsObjArtikelPerFactuur& line : records.factuur.ArtikelenPerFactuur()) {
         records.artikelen.append(line.Artikel());
+    }
     const auto set =
         clsDatabase().openReadSet(QStringLiteral("SELECT Extra FROM Klant WHERE KlantID=") +
                                   QString::number(records.factuur.KlantID()));
-    if (!set->isEOF())
+    if (!set->isEOF()) {
         records.klantBtwNummer = set->text(0).value_or(QString());
+    }
     return records;
 }
 
@@ -261,20 +280,23 @@ QString settingsRefusal(const clsObjInstellingen& instellingen) {
         {QStringLiteral("BTW nummer"), instellingen.BTWNummer()},
         {QStringLiteral("KVK nummer"), instellingen.KVKNummer()},
     });
-    if (!missing.isEmpty())
+    if (!missing.isEmpty()) {
         return kNoInvoice + QStringLiteral("Vul in de instellingen (tabblad Bedrijf) eerst in: ") +
                missing.join(QStringLiteral(", ")) + QLatin1Char('.');
-    if (countryCode(instellingen.Land()).isEmpty())
+    }
+    if (countryCode(instellingen.Land()).isEmpty()) {
         return kNoInvoice + QStringLiteral(
                                 "Het land in de instellingen (%1) is onbekend: vul de "
                                 "naam van het land in, bijvoorbeeld Nederland.")
                                 .arg(instellingen.Land().trimmed());
-    if (normalizedIban(instellingen.Banknummer()).isEmpty())
+    }
+    if (normalizedIban(instellingen.Banknummer()).isEmpty()) {
         return kNoInvoice + QStringLiteral(
                                 "Het banknummer in de instellingen (%1) is geen geldig "
                                 "IBAN. Een e-factuur vraagt om betaling per "
                                 "SEPA-overboeking naar een IBAN.")
                                 .arg(instellingen.Banknummer().trimmed());
+    }
     return QString();
 }
 

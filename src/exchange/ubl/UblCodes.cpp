@@ -11,8 +11,9 @@ namespace {
 QString plainKey(const QString& text) {
     QString key;
     for (const QChar c : text.normalized(QString::NormalizationForm_D)) {
-        if (c.isLetter() && c.unicode() < 0x80)
+        if (c.isLetter() && c.unicode() < 0x80) {
             key += c.toLower();
+        }
     }
     return key;
 }
@@ -73,11 +74,13 @@ const std::array<Country, 43> kCountries{{
 const Country* findCountry(const QString& land) {
     const QString key = plainKey(land);
     for (const Country& country : kCountries) {
-        if (key.compare(QLatin1String(country.code), Qt::CaseInsensitive) == 0)
+        if (key.compare(QLatin1String(country.code), Qt::CaseInsensitive) == 0) {
             return &country;
+        }
         for (const char* name : country.names) {
-            if (name && key == QLatin1String(name))
+            if (name && key == QLatin1String(name)) {
                 return &country;
+            }
         }
     }
     return nullptr;
@@ -103,15 +106,17 @@ QString unitCode(const QString& eenheid) {
     };
     const QString key = plainKey(eenheid);
     for (const auto& [unit, code] : kUnits) {
-        if (key == unit)
+        if (key == unit) {
             return code;
+        }
     }
     return QStringLiteral("C62");
 }
 
 QString countryCode(const QString& land) {
-    if (land.trimmed().isEmpty())
+    if (land.trimmed().isEmpty()) {
         return QStringLiteral("NL");
+    }
     const Country* country = findCountry(land);
     return country ? QLatin1String(country->code) : QString();
 }
@@ -124,8 +129,9 @@ bool isEuMember(const QString& countryCode) {
 QString normalizedVatNumber(const QString& typed, const QString& countryCode) {
     const QString number = withoutSeparators(typed);
     if (number.isEmpty() ||
-        (number.size() >= 2 && number.at(0).isLetter() && number.at(1).isLetter()))
+        (number.size() >= 2 && number.at(0).isLetter() && number.at(1).isLetter())) {
         return number;
+    }
     return (countryCode == QLatin1String("GR") ? QStringLiteral("EL") : countryCode) + number;
 }
 
@@ -148,8 +154,9 @@ QString vatEndpointScheme(const QString& vatNumber) {
     };
     const QStringView prefix = QStringView(vatNumber).left(2);
     for (const auto& [country, scheme] : kSchemes) {
-        if (prefix == country)
+        if (prefix == country) {
             return scheme;
+        }
     }
     return QString();
 }
@@ -157,8 +164,9 @@ QString vatEndpointScheme(const QString& vatNumber) {
 QString normalizedIban(const QString& typed) {
     const QString iban = withoutSeparators(typed);
     static const QRegularExpression form(QStringLiteral("^[A-Z]{2}[0-9]{2}[A-Z0-9]{11,30}$"));
-    if (!form.match(iban).hasMatch())
+    if (!form.match(iban).hasMatch()) {
         return QString();
+    }
     // ISO 13616: the first four characters moved to the end, letters as 10..35, mod 97 = 1.
     const QString moved = iban.mid(4) + iban.left(4);
     int remainder = 0;

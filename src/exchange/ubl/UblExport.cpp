@@ -55,8 +55,9 @@ bool makeDocuments(const QList<qint32>& factuurIds, Profile profile, QList<Docum
         ui::service().progress(QStringLiteral("E-facturen maken"), factuurIds.size());
     for (qsizetype i = 0; i < factuurIds.size(); ++i) {
         progress->setValue(i);
-        if (progress->wasCancelled())
+        if (progress->wasCancelled()) {
             return false;
+        }
         const qint32 id = factuurIds.at(i);
         const std::optional<InvoiceRecords> records = loadInvoiceRecords(id);
         if (!records) {
@@ -66,18 +67,20 @@ bool makeDocuments(const QList<qint32>& factuurIds, Profile profile, QList<Docum
         const BuiltInvoice built = buildInvoice(*records, instellingen, profile);
         const QString fileName = built.invoice.number + QStringLiteral(".xml");
         // Two invoices of one number would end up in one file.
-        if (built.refusal.isEmpty() && fileNames.contains(fileName))
+        if (built.refusal.isEmpty() && fileNames.contains(fileName)) {
             refusals.append(QStringLiteral("Er zijn twee facturen met nummer %1. Geef een van "
                                            "beide een ander nummer.")
                                 .arg(built.invoice.number));
-        else if (built.refusal.isEmpty())
+        } else if (built.refusal.isEmpty()) {
             documents.append({fileName, writeInvoice(built.invoice, profile)});
-        else
+        } else {
             refusals.append(built.refusal);
+        }
         fileNames.insert(fileName);
     }
-    if (refusals.isEmpty())
+    if (refusals.isEmpty()) {
         return true;
+    }
     ui::message(QStringLiteral("Er zijn geen e-facturen gemaakt.\r\n") + summary(refusals),
                 kCaption, ui::Icon::Exclamation);
     return false;
@@ -115,11 +118,12 @@ bool writeDocuments(const QList<Document>& documents, const QString& folder) {
     }
     QString text = countOf(written) + QStringLiteral(" opgeslagen in de map ") +
                    QDir::toNativeSeparators(folder) + QLatin1Char('.');
-    if (kept > 0)
+    if (kept > 0) {
         text +=
             kept == 1
                 ? QStringLiteral("\r\n1 bestaand bestand is niet overschreven.")
                 : QStringLiteral("\r\n%1 bestaande bestanden zijn niet overschreven.").arg(kept);
+    }
     ui::message(text, kCaption, ui::Icon::Information);
     return kept == 0;
 }
@@ -134,12 +138,14 @@ bool exportInvoices(const QList<qint32>& factuurIds, Profile profile) {
     }
     try {
         QList<Document> documents;
-        if (!makeDocuments(factuurIds, profile, documents))
+        if (!makeDocuments(factuurIds, profile, documents)) {
             return false;
+        }
         const QString folder =
             ui::service().chooseFolder(QStringLiteral("Kies de map voor de e-facturen"));
-        if (folder.isEmpty())
+        if (folder.isEmpty()) {
             return false;
+        }
         if (!QFileInfo(folder).isDir()) {
             ui::message(QStringLiteral("De map %1 bestaat niet.").arg(folder), kCaption,
                         ui::Icon::Exclamation);

@@ -52,12 +52,15 @@ public:
         writeHead(invoice);
         writeParty("AccountingSupplierParty", invoice.seller, true);
         writeParty("AccountingCustomerParty", invoice.buyer, false);
-        if (hasIntraCommunityLines(invoice))
+        if (hasIntraCommunityLines(invoice)) {
             writeDelivery(invoice);
+        }
         writePayment(invoice);
         writeTaxTotal(invoice.totals);
         writeMonetaryTotal(invoice.totals);
-        for (qsizetype i = 0; i < invoice.lines.size(); ++i) writeLine(i + 1, invoice.lines.at(i));
+        for (qsizetype i = 0; i < invoice.lines.size(); ++i) {
+            writeLine(i + 1, invoice.lines.at(i));
+        }
         xml_.writeEndElement();
         xml_.writeEndDocument();
     }
@@ -69,8 +72,9 @@ private:
     void end() { xml_.writeEndElement(); }
     // Empty elements are not allowed: an empty value leaves its element out.
     void text(const char* name, const QString& value) {
-        if (!value.isEmpty())
+        if (!value.isEmpty()) {
             xml_.writeTextElement(kCbc, QLatin1String(name), value);
+        }
     }
     void withAttribute(const char* name, const char* attribute, const QString& attributeValue,
                        const QString& value) {
@@ -89,8 +93,9 @@ private:
                                        "2017:poacc:billing:3.0")
                       : QStringLiteral("urn:cen.eu:en16931:2017#compliant#urn:fdc:nen.nl:nlcius:"
                                        "v1.0"));
-        if (peppol())
+        if (peppol()) {
             text("ProfileID", QStringLiteral("urn:fdc:peppol.eu:2017:poacc:billing:01:1.0"));
+        }
         text("ID", invoice.number);
         text("IssueDate", invoice.issueDate.toString(Qt::ISODate));
         text("DueDate", invoice.dueDate.toString(Qt::ISODate));
@@ -116,8 +121,9 @@ private:
     void writeParty(const char* role, const Party& party, bool seller) {
         begin(role);
         begin("Party");
-        if (!party.endpointId.isEmpty())
+        if (!party.endpointId.isEmpty()) {
             withAttribute("EndpointID", "schemeID", party.endpointScheme, party.endpointId);
+        }
         begin("PartyName");
         text("Name", party.name);
         end();
@@ -132,8 +138,9 @@ private:
         }
         begin("PartyLegalEntity");
         text("RegistrationName", party.name);
-        if (seller)
+        if (seller) {
             withAttribute("CompanyID", "schemeID", QStringLiteral("0106"), party.kvkNumber);
+        }
         end();
         if (!party.contactName.isEmpty() || !party.telephone.isEmpty() || !party.email.isEmpty()) {
             begin("Contact");
@@ -183,10 +190,12 @@ private:
         text("ID", QLatin1String(codes.id));
         text("Percent", formatNumber(tax.percent));
         // SI-UBL advises against the exemption code; the text says the same.
-        if (withReason && peppol())
+        if (withReason && peppol()) {
             text("TaxExemptionReasonCode", QLatin1String(codes.exemptionCode));
-        if (withReason)
+        }
+        if (withReason) {
             text("TaxExemptionReason", QLatin1String(codes.exemptionReason));
+        }
         begin("TaxScheme");
         text("ID", QStringLiteral("VAT"));
         end();
@@ -211,8 +220,9 @@ private:
         amount("LineExtensionAmount", totals.lineExtension);
         amount("TaxExclusiveAmount", totals.lineExtension);
         amount("TaxInclusiveAmount", totals.taxInclusive);
-        if (totals.rounding != 0)
+        if (totals.rounding != 0) {
             amount("PayableRoundingAmount", totals.rounding);
+        }
         amount("PayableAmount", totals.payable);
         end();
     }
@@ -220,8 +230,9 @@ private:
     void writeDiscount(const Line& line) {
         begin("AllowanceCharge");
         text("ChargeIndicator", QStringLiteral("false"));
-        if (peppol())
+        if (peppol()) {
             text("AllowanceChargeReasonCode", QStringLiteral("95"));  // discount
+        }
         text("AllowanceChargeReason", QStringLiteral("Korting"));
         text("MultiplierFactorNumeric", formatNumber(line.discountPercent));
         amount("Amount", line.discountAmount);
@@ -234,8 +245,9 @@ private:
         text("ID", QString::number(number));
         withAttribute("InvoicedQuantity", "unitCode", line.unitCode, formatNumber(line.quantity));
         amount("LineExtensionAmount", line.netAmount);
-        if (line.discountPercent != 0)
+        if (line.discountPercent != 0) {
             writeDiscount(line);
+        }
         begin("Item");
         text("Name", line.name);
         if (!line.articleNumber.isEmpty()) {

@@ -36,12 +36,14 @@ public:
         const int rc = sqlite3_open_v2(
             QFile::encodeName(path).constData(), &db_,
             SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX, nullptr);
-        if (rc != SQLITE_OK)
+        if (rc != SQLITE_OK) {
             throw writeError(db_, QStringLiteral("openen"));
+        }
     }
     ~NewDatabase() {
-        if (db_)
+        if (db_) {
             sqlite3_close_v2(db_);
+        }
     }
     NewDatabase(const NewDatabase&) = delete;
     NewDatabase& operator=(const NewDatabase&) = delete;
@@ -49,8 +51,9 @@ public:
     sqlite3* db() const { return db_; }
 
     void exec(const QString& sql) {
-        if (sqlite3_exec(db_, sql.toUtf8().constData(), nullptr, nullptr, nullptr) != SQLITE_OK)
+        if (sqlite3_exec(db_, sql.toUtf8().constData(), nullptr, nullptr, nullptr) != SQLITE_OK) {
             throw writeError(db_, sql.left(40));
+        }
     }
 
     // The first column of the first row, as a whole number (0 for Null or no row).
@@ -59,21 +62,25 @@ public:
         const int rc = sqlite3_step(statement);
         const qint64 value = rc == SQLITE_ROW ? sqlite3_column_int64(statement, 0) : 0;
         sqlite3_finalize(statement);
-        if (rc != SQLITE_ROW && rc != SQLITE_DONE)
+        if (rc != SQLITE_ROW && rc != SQLITE_DONE) {
             throw writeError(db_, sql.left(40));
+        }
         return value;
     }
 
     sqlite3_stmt* prepare(const QString& sql) {
         sqlite3_stmt* statement = nullptr;
-        if (sqlite3_prepare_v2(db_, sql.toUtf8().constData(), -1, &statement, nullptr) != SQLITE_OK)
+        if (sqlite3_prepare_v2(db_, sql.toUtf8().constData(), -1, &statement, nullptr) !=
+            SQLITE_OK) {
             throw writeError(db_, sql.left(40));
+        }
         return statement;
     }
 
     void finish() {
-        if (sqlite3_close(db_) != SQLITE_OK)
+        if (sqlite3_close(db_) != SQLITE_OK) {
             throw writeError(db_, QStringLiteral("sluiten"));
+        }
         db_ = nullptr;
     }
 
@@ -107,28 +114,29 @@ Target targetOf(const QString& name, const QString& declared, bool key) {
         target.min = min;
         target.max = max;
     };
-    if (key || type == QLatin1String("LONG"))
+    if (key || type == QLatin1String("LONG")) {
         whole(std::numeric_limits<qint32>::min(), std::numeric_limits<qint32>::max());
-    else if (type == QLatin1String("INTEGER"))
+    } else if (type == QLatin1String("INTEGER")) {
         whole(std::numeric_limits<qint16>::min(), std::numeric_limits<qint16>::max());
-    else if (type == QLatin1String("BYTE"))
+    } else if (type == QLatin1String("BYTE")) {
         whole(0, 255);
-    else if (type == QLatin1String("CURRENCY"))
+    } else if (type == QLatin1String("CURRENCY")) {
         target.kind = Target::Money;
-    else if (type == QLatin1String("DOUBLE") || type == QLatin1String("SINGLE")) {
+    } else if (type == QLatin1String("DOUBLE") || type == QLatin1String("SINGLE")) {
         target.kind = Target::Real;
         target.single = type == QLatin1String("SINGLE");
-    } else if (type == QLatin1String("YESNO"))
+    } else if (type == QLatin1String("YESNO")) {
         target.kind = Target::YesNo;
-    else if (type == QLatin1String("DATETIME"))
+    } else if (type == QLatin1String("DATETIME")) {
         target.kind = Target::Date;
-    else if (const auto match = text.match(type); match.hasMatch()) {
+    } else if (const auto match = text.match(type); match.hasMatch()) {
         target.kind = Target::Text;
         target.maxChars = match.captured(1).isEmpty() ? 255 : match.captured(1).toInt();
-    } else
+    } else {
         throw Error(Error::TypeMismatch, QStringLiteral("Jet"),
                     QStringLiteral("Onbekend kolomtype %1 voor %2 in het nieuwe schema.")
                         .arg(declared, name));
+    }
     return target;
 }
 
@@ -149,58 +157,67 @@ std::optional<std::pair<long, QString>> bind(sqlite3_stmt* statement, int parame
         QStringLiteral("de kolom houdt in het oude bestand een ander soort gegevens"));
     switch (target.kind) {
         case Target::Whole:
-            if (!isWholeKind(column.kind))
+            if (!isWholeKind(column.kind)) {
                 return mismatch;
-            if (value.whole < target.min || value.whole > target.max)
+            }
+            if (value.whole < target.min || value.whole > target.max) {
                 return std::make_pair(long(Error::Overflow),
                                       QStringLiteral("het getal %1 past niet in de kolom "
                                                      "(die houdt %2 tot en met %3)")
                                           .arg(value.whole)
                                           .arg(target.min)
                                           .arg(target.max));
+            }
             sqlite3_bind_int64(statement, parameter, value.whole);
             return std::nullopt;
         case Target::Money:
-            if (column.kind == ColumnKind::Money)
+            if (column.kind == ColumnKind::Money) {
                 sqlite3_bind_int64(statement, parameter, value.whole);
-            else if (isWholeKind(column.kind))
+            } else if (isWholeKind(column.kind)) {
                 sqlite3_bind_int64(statement, parameter, value.whole * 10000);
-            else
+            } else {
                 return mismatch;
+            }
             return std::nullopt;
         case Target::Real: {
             double real = value.real;
-            if (isWholeKind(column.kind))
+            if (isWholeKind(column.kind)) {
                 real = double(value.whole);
-            else if (column.kind != ColumnKind::Double && column.kind != ColumnKind::Single)
+            } else if (column.kind != ColumnKind::Double && column.kind != ColumnKind::Single) {
                 return mismatch;
-            if (target.single && std::abs(real) > FLT_MAX)
+            }
+            if (target.single && std::abs(real) > FLT_MAX) {
                 return std::make_pair(
                     long(Error::Overflow),
                     QStringLiteral("het getal %1 is te groot voor de kolom").arg(real));
+            }
             sqlite3_bind_double(statement, parameter, real);
             return std::nullopt;
         }
         case Target::YesNo:
-            if (column.kind != ColumnKind::Boolean)
+            if (column.kind != ColumnKind::Boolean) {
                 return mismatch;
+            }
             sqlite3_bind_int(statement, parameter, value.whole ? 1 : 0);
             return std::nullopt;
         case Target::Date:
-            if (column.kind != ColumnKind::DateTime)
+            if (column.kind != ColumnKind::DateTime) {
                 return mismatch;
+            }
             sqlite3_bind_text(statement, parameter, value.text.toUtf8().constData(), -1,
                               SQLITE_TRANSIENT);
             return std::nullopt;
         case Target::Text:
-            if (column.kind != ColumnKind::Text)
+            if (column.kind != ColumnKind::Text) {
                 return mismatch;
-            if (value.text.size() > target.maxChars)
+            }
+            if (value.text.size() > target.maxChars) {
                 return std::make_pair(long(Error::FieldTooSmall),
                                       QStringLiteral("de tekst is %1 tekens lang; de kolom "
                                                      "neemt er hoogstens %2")
                                           .arg(value.text.size())
                                           .arg(target.maxChars));
+            }
             sqlite3_bind_text16(statement, parameter, value.text.utf16(),
                                 int(value.text.size() * sizeof(char16_t)), SQLITE_STATIC);
             return std::nullopt;
@@ -221,19 +238,22 @@ public:
             const bool key = sqlite3_column_int(info.handle, 5) != 0;
             Target column = targetOf(name, type, key);
             column.source = source.indexOf(name);
-            if (key)
+            if (key) {
                 keyIndex_ = int(targets_.size());
+            }
             targets_.push_back(column);
         }
-        if (keyIndex_ < 0 || targets_[keyIndex_].source < 0)
+        if (keyIndex_ < 0 || targets_[keyIndex_].source < 0) {
             throw Error(Error::ItemNotFound, QStringLiteral("Jet"),
                         QStringLiteral("De tabel %1 van het oude bestand mist haar sleutel.")
                             .arg(source.name()));
+        }
         for (size_t i = 0; i < source.columns().size(); ++i) {
             const bool known = std::any_of(targets_.begin(), targets_.end(),
                                            [&](const Target& t) { return t.source == int(i); });
-            if (!known)
+            if (!known) {
                 unknownSources_.push_back(int(i));
+            }
         }
         QStringList names, parameters;
         for (const Target& column : targets_) {
@@ -246,22 +266,27 @@ public:
     }
 
     int sourceOf(const QString& column) const {
-        for (const Target& target : targets_)
-            if (target.name.compare(column, Qt::CaseInsensitive) == 0)
+        for (const Target& target : targets_) {
+            if (target.name.compare(column, Qt::CaseInsensitive) == 0) {
                 return target.source;
+            }
+        }
         return -1;
     }
 
     // Writes the current row of the source; an Error names the row and column that the new
     // schema cannot hold.
     void writeCurrentRow(sqlite3* db) {
-        if (source_.value(targets_[keyIndex_].source).isNull)
+        if (source_.value(targets_[keyIndex_].source).isNull) {
             throw refusal(Error::TypeMismatch, targets_[keyIndex_].name,
                           QStringLiteral("de sleutel ontbreekt"));
-        for (int i : unknownSources_)
-            if (!source_.value(i).isNull)
+        }
+        for (int i : unknownSources_) {
+            if (!source_.value(i).isNull) {
                 throw refusal(Error::ItemNotFound, source_.columns()[i].name,
                               QStringLiteral("deze kolom bestaat niet in het nieuwe formaat"));
+            }
+        }
         for (size_t i = 0; i < targets_.size(); ++i) {
             const Target& target = targets_[i];
             const int parameter = int(i) + 1;
@@ -269,14 +294,17 @@ public:
                 sqlite3_bind_null(insert_.handle, parameter);
                 continue;
             }
-            if (auto problem = bind(insert_.handle, parameter, target,
-                                    source_.columns()[target.source], source_.value(target.source)))
+            if (auto problem =
+                    bind(insert_.handle, parameter, target, source_.columns()[target.source],
+                         source_.value(target.source))) {
                 throw refusal(problem->first, target.name, problem->second);
+            }
         }
         const int rc = sqlite3_step(insert_.handle);
         sqlite3_reset(insert_.handle);
-        if (rc != SQLITE_DONE)
+        if (rc != SQLITE_DONE) {
             throw writeError(db, source_.name());
+        }
     }
 
 private:
@@ -321,13 +349,16 @@ public:
         // libmdb reads its catalogue again for every table it opens, which ends the
         // previous table's definition: one table at a time.
         for (const QString& name : convertedTables()) {
-            if (!jet_.hasTable(name))
+            if (!jet_.hasTable(name)) {
                 throw Error(Error::ItemNotFound, QStringLiteral("Jet"),
                             QStringLiteral("Het oude bestand mist de tabel %1.").arg(name));
+            }
             total_ += jet_.open(name)->announcedRows();
         }
         target_.exec(QStringLiteral("BEGIN"));
-        for (const QString& name : convertedTables()) copy(*jet_.open(name));
+        for (const QString& name : convertedTables()) {
+            copy(*jet_.open(name));
+        }
         target_.exec(QStringLiteral("COMMIT"));
         check();
         target_.finish();
@@ -345,8 +376,11 @@ private:
                                                                    : QStringLiteral("FactuurID"));
         const int stock = copy.sourceOf(QStringLiteral("Voorraad"));
         Tally& tally = tallies_[table.name()];
-        if (lines)
-            for (const Column& column : table.columns()) result_.orphanHeader << column.name;
+        if (lines) {
+            for (const Column& column : table.columns()) {
+                result_.orphanHeader << column.name;
+            }
+        }
         while (table.next()) {
             ++tally.read;
             if (lines && isOrphan(table, invoice)) {
@@ -354,20 +388,23 @@ private:
             } else {
                 copy.writeCurrentRow(target_.db());
                 ++tally.written;
-                if (total >= 0 && !table.value(total).isNull)
+                if (total >= 0 && !table.value(total).isNull) {
                     tally.totalWritten += table.value(total).whole;
+                }
                 remember(table, key, stock);
             }
-            if (++done_ % kProgressStep == 0)
+            if (++done_ % kProgressStep == 0) {
                 report();
+            }
         }
-        if (tally.read != table.announcedRows())
+        if (tally.read != table.announcedRows()) {
             throw Error(kDamaged, QStringLiteral("Jet"),
                         QStringLiteral("Het oude bestand is beschadigd of onvolledig: van de "
                                        "tabel %1 zijn %2 van de %3 rijen te lezen.")
                             .arg(table.name())
                             .arg(tally.read)
                             .arg(table.announcedRows()));
+        }
         result_.tables << TableCount{table.name(), tally.written};
         report();
     }
@@ -378,24 +415,28 @@ private:
     }
 
     void remember(const Table& table, int key, int stock) {
-        if (table.name() == QLatin1String("Factuur") && key >= 0)
+        if (table.name() == QLatin1String("Factuur") && key >= 0) {
             invoices_.insert(table.value(key).whole);
+        }
         if (table.name() == QLatin1String("Artikel") && key >= 0 && stock >= 0 &&
-            !table.value(stock).isNull)
+            !table.value(stock).isNull) {
             result_.stock.insert(table.value(key).whole, table.value(stock).whole);
+        }
     }
 
     static QStringList rowText(const Table& table) {
         QStringList row;
-        for (size_t i = 0; i < table.columns().size(); ++i)
+        for (size_t i = 0; i < table.columns().size(); ++i) {
             row << valueText(table.columns()[i], table.value(int(i)));
+        }
         return row;
     }
 
     void report() {
-        if (progress_ && !progress_(done_, total_))
+        if (progress_ && !progress_(done_, total_)) {
             throw Error(Error::DialogCancelled, QStringLiteral("Jet"),
                         QStringLiteral("Het omzetten is afgebroken."));
+        }
     }
 
     // The new file read back: what went in must be there, to the last row and cent.
@@ -404,23 +445,26 @@ private:
             const Tally& tally = tallies_[table.table];
             const qint64 rows =
                 target_.scalar(QStringLiteral("SELECT COUNT(*) FROM %1").arg(table.table));
-            if (rows != tally.written)
+            if (rows != tally.written) {
                 throw checkFailed(QStringLiteral("de tabel %1 heeft %2 rijen in plaats van %3")
                                       .arg(table.table)
                                       .arg(rows)
                                       .arg(tally.written));
+            }
         }
         for (const QString& table :
              {QStringLiteral("Factuur"), QStringLiteral("ArtikelPerFactuur")}) {
             const qint64 sum =
                 target_.scalar(QStringLiteral("SELECT SUM(TotaalPrijs) FROM %1").arg(table));
-            if (sum != tallies_[table].totalWritten)
+            if (sum != tallies_[table].totalWritten) {
                 throw checkFailed(
                     QStringLiteral("de som van %1.TotaalPrijs is %2 in plaats van %3")
                         .arg(table, moneyText(sum), moneyText(tallies_[table].totalWritten)));
+            }
         }
-        if (target_.scalar(QStringLiteral("SELECT COUNT(*) FROM pragma_foreign_key_check")) != 0)
+        if (target_.scalar(QStringLiteral("SELECT COUNT(*) FROM pragma_foreign_key_check")) != 0) {
             throw checkFailed(QStringLiteral("er zijn factuurregels zonder factuur"));
+        }
     }
 
     static Error checkFailed(const QString& what) {
@@ -446,9 +490,10 @@ private:
 QString programSchema() {
     initialiseSchemaResource();
     QFile file(QStringLiteral(":/jet/schema.sql"));
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly)) {
         throw Error(Error::FileNotFound, QStringLiteral("Jet"),
                     QStringLiteral("Het schema van het programma ontbreekt."));
+    }
     return QString::fromUtf8(file.readAll());
 }
 
@@ -473,11 +518,14 @@ QHash<qint64, qint64> stockOf(const QString& jetFile) {
     const int key = table->indexOf(QStringLiteral("ArtikelID"));
     const int stock = table->indexOf(QStringLiteral("Voorraad"));
     QHash<qint64, qint64> result;
-    if (key < 0 || stock < 0)
+    if (key < 0 || stock < 0) {
         return result;
-    while (table->next())
-        if (!table->value(stock).isNull)
+    }
+    while (table->next()) {
+        if (!table->value(stock).isNull) {
             result.insert(table->value(key).whole, table->value(stock).whole);
+        }
+    }
     return result;
 }
 

@@ -113,8 +113,9 @@ int bytesOf(ColumnKind kind) {
 
 bool isJetFile(const QString& path) {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly)) {
         return false;
+    }
     const QByteArray head = file.read(19);
     return head.size() == 19 && head.startsWith(QByteArray("\x00\x01\x00\x00", 4)) &&
            (head.mid(4) == "Standard Jet DB" || head.mid(4) == "Standard ACE DB");
@@ -123,8 +124,9 @@ bool isJetFile(const QString& path) {
 struct Database::Handle {
     MdbHandle* mdb = nullptr;
     ~Handle() {
-        if (mdb)
+        if (mdb) {
             mdb_close(mdb);
+        }
     }
 };
 
@@ -134,23 +136,27 @@ struct Table::Handle {
     std::vector<std::vector<char>> textBuffers;  // bound, by column; empty for other kinds
     std::vector<int> textLengths;
     ~Handle() {
-        if (table)
+        if (table) {
             mdb_free_tabledef(table);
+        }
     }
 };
 
 Database::Database(const QString& path) : handle_(std::make_unique<Handle>()), path_(path) {
-    if (!isJetFile(path))
+    if (!isJetFile(path)) {
         throw unreadable(QStringLiteral("%1 is geen Access-database.").arg(path));
+    }
     handle_->mdb = mdb_open(QFile::encodeName(path).constData(), MDB_NOFLAGS);
-    if (handle_->mdb && QFileInfo(path).size() % handle_->mdb->fmt->pg_size != 0)
+    if (handle_->mdb && QFileInfo(path).size() % handle_->mdb->fmt->pg_size != 0) {
         throw unreadable(QStringLiteral("%1 is onvolledig: het houdt op midden in een blok van "
                                         "%2 bytes.")
                              .arg(path)
                              .arg(handle_->mdb->fmt->pg_size));
-    if (!handle_->mdb || !mdb_read_catalog(handle_->mdb, MDB_TABLE))
+    }
+    if (!handle_->mdb || !mdb_read_catalog(handle_->mdb, MDB_TABLE)) {
         throw unreadable(
             QStringLiteral("%1 is beschadigd: de lijst van tabellen is niet te lezen.").arg(path));
+    }
 }
 
 Database::~Database() = default;
@@ -161,8 +167,9 @@ QStringList Database::tableNames() const {
     for (guint i = 0; catalog && i < catalog->len; ++i) {
         const auto* entry = static_cast<MdbCatalogEntry*>(g_ptr_array_index(catalog, i));
         const QString name = QString::fromUtf8(entry->object_name);
-        if (entry->object_type == MDB_TABLE && !name.startsWith(QLatin1String("MSys")))
+        if (entry->object_type == MDB_TABLE && !name.startsWith(QLatin1String("MSys"))) {
             names << name;
+        }
     }
     return names;
 }
@@ -175,8 +182,9 @@ std::unique_ptr<Table> Database::open(const QString& name) const {
     auto handle = std::make_unique<Table::Handle>();
     QByteArray utf8 = name.toUtf8();
     handle->table = mdb_read_table_by_name(handle_->mdb, utf8.data(), MDB_TABLE);
-    if (!handle->table || !mdb_read_columns(handle->table))
+    if (!handle->table || !mdb_read_columns(handle->table)) {
         throw unreadable(QStringLiteral("De tabel %1 in %2 is niet te lezen.").arg(name, path_));
+    }
     mdb_rewind_table(handle->table);
     return std::unique_ptr<Table>(new Table(std::move(handle), name));
 }
@@ -205,9 +213,11 @@ Table::Table(std::unique_ptr<Handle> handle, QString name)
 Table::~Table() = default;
 
 int Table::indexOf(const QString& column) const {
-    for (size_t i = 0; i < columns_.size(); ++i)
-        if (columns_[i].name.compare(column, Qt::CaseInsensitive) == 0)
+    for (size_t i = 0; i < columns_.size(); ++i) {
+        if (columns_[i].name.compare(column, Qt::CaseInsensitive) == 0) {
             return int(i);
+        }
+    }
     return -1;
 }
 
@@ -216,8 +226,9 @@ qint64 Table::announcedRows() const {
 }
 
 bool Table::next() {
-    if (!mdb_fetch_row(handle_->table))
+    if (!mdb_fetch_row(handle_->table)) {
         return false;
+    }
     readCurrentRow();
     return true;
 }
@@ -228,8 +239,9 @@ void Table::readCurrentRow() {
     int start = 0;
     size_t size = 0;
     if (mdb_find_row(mdb, int(table->cur_row) - 1, &start, &size) != 0 ||
-        mdb_crack_row(table, start & 0x1fff, size, handle_->fields.data()) == 0)
+        mdb_crack_row(table, start & 0x1fff, size, handle_->fields.data()) == 0) {
         throw unreadable(QStringLiteral("Een rij van de tabel %1 is beschadigd.").arg(name_));
+    }
     for (size_t i = 0; i < columns_.size(); ++i) {
         const MdbField& field = handle_->fields[i];
         const ColumnKind kind = columns_[i].kind;
@@ -241,12 +253,14 @@ void Table::readCurrentRow() {
             continue;
         }
         value.isNull = field.is_null || !field.value;
-        if (value.isNull)
+        if (value.isNull) {
             continue;
+        }
         const int needed = bytesOf(kind);
-        if (needed > 0 && field.siz < needed)
+        if (needed > 0 && field.siz < needed) {
             throw unreadable(QStringLiteral("Een rij van de tabel %1 is beschadigd (kolom %2).")
                                  .arg(name_, columns_[i].name));
+        }
         switch (kind) {
             case ColumnKind::Byte:
                 value.whole = *static_cast<const quint8*>(field.value);

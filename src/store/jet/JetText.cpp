@@ -15,8 +15,9 @@ QString moneyText(qint64 scaled) {
 }
 
 QString valueText(const Column& column, const Value& value) {
-    if (value.isNull)
+    if (value.isNull) {
         return QString();
+    }
     switch (column.kind) {
         case ColumnKind::Money:
             return moneyText(value.whole);
