@@ -19,3 +19,9 @@ bool confirmRemoval(qsizetype count, const QString& singular, const QString& plu
     return ui::message(count == 1 ? singular : plural, QStringLiteral("Verwijderen module(n)"),
                        ui::Icon::Question, ui::Buttons::YesNo, ui::Answer::No) == ui::Answer::Yes;
 }
+
+bool confirmArticleRemoval(qsizetype count) {
+    return confirmRemoval(
+        count, QStringLiteral("Weet u zeker dat u het geselecteerde artikel/uur wilt verwijderen?"),
+        QStringLiteral("Weet u zeker dat u de geselecteerde artikelen/uren wilt verwijderen?"));
+}

@@ -30,3 +30,7 @@ private:
 // Asks once, Ja/Nee with Nee as the default under "Verwijderen module(n)", whether the
 // count selected rows may go: singular for one row, plural for more. True on Ja.
 bool confirmRemoval(qsizetype count, const QString& singular, const QString& plural);
+
+// The same question for articles and hour rates, whether they leave the register or an
+// invoice.
+bool confirmArticleRemoval(qsizetype count);

@@ -232,11 +232,7 @@ void clsContrFactuurBewerken::ArtikelenVerwijderen(const QList<qint32>& ids) {
         if (ids.isEmpty()) {
             return;
         }
-        if (!confirmRemoval(ids.size(),
-                            QStringLiteral("Weet u zeker dat u het geselecteerde artikel/uur wilt "
-                                           "verwijderen?"),
-                            QStringLiteral("Weet u zeker dat u de geselecteerde artikelen/uren "
-                                           "wilt verwijderen?"))) {
+        if (!confirmArticleRemoval(ids.size())) {
             return;
         }
         removeLines(ids);

@@ -84,11 +84,7 @@ void clsControllerArtikel::VerwijderArtikelen() {
                         QStringLiteral("Artikel verwijderen"), ui::Icon::Information);
             return;
         }
-        if (!confirmRemoval(ids.size(),
-                            QStringLiteral("Weet u zeker dat u het geselecteerde artikel/uur wilt "
-                                           "verwijderen?"),
-                            QStringLiteral("Weet u zeker dat u de geselecteerde artikelen/uren "
-                                           "wilt verwijderen?"))) {
+        if (!confirmArticleRemoval(ids.size())) {
             return;
         }
         for (const qint32 id : ids) {
