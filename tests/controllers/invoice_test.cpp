@@ -519,6 +519,8 @@ TEST_F(InvoiceTest, SavingRefusesAnInvalidDateOrNoCustomerAndKeepsTheEditorOpen)
 
 // Deleting asks once, in the number of the selection, and takes the invoice rows only:
 // the stock their lines took stays taken.
+// The delete removes the invoice rows only; their lines go with them through the database's
+// relation (no orphan lines), and the stock they gave out stays given out.
 TEST_F(InvoiceTest, DeletingAsksOnceAndLeavesStockAlone) {
     const qint32 artikel = addArticle({"A", 10000, 10});
     const qint32 klant = addCustomer("Klant");
@@ -533,6 +535,10 @@ TEST_F(InvoiceTest, DeletingAsksOnceAndLeavesStockAlone) {
     }
     EXPECT_EQ(stock(artikel), 7);
     const qint32 keep = addInvoice("99");
+    database.exec(QString("INSERT INTO ArtikelPerFactuur (FactuurID, ArtikelId, Aantal) "
+                          "VALUES (%1, %2, 1)")
+                      .arg(keep)
+                      .arg(artikel));
 
     list.StartFacturen();
     screens.list->grid.selection = {ids[0]};
@@ -551,6 +557,10 @@ TEST_F(InvoiceTest, DeletingAsksOnceAndLeavesStockAlone) {
               "Weet u zeker dat u de geselecteerde facturen wilt verwijderen?");
     EXPECT_EQ(stored("SELECT COUNT(*) FROM Factuur"), 1);
     EXPECT_EQ(stock(artikel), 7);
+    EXPECT_EQ(stored("SELECT COUNT(*) FROM ArtikelPerFactuur WHERE FactuurID <> " +
+                     QString::number(keep)),
+              0);
+    EXPECT_EQ(stored("SELECT COUNT(*) FROM ArtikelPerFactuur"), 1);
     EXPECT_EQ(screens.list->grid.rows.size(), 1);
     EXPECT_TRUE(screens.list->grid.rows.first().endsWith("|" + QString::number(keep)));
 }
