@@ -53,3 +53,33 @@ std::unique_ptr<ui::Progress> RecordingUiService::progress(const QString& title,
     progressTitles.append(title);
     return ui::silentProgress();
 }
+
+testing::AssertionResult RecordingUiService::lastMessageIs(const QString& text,
+                                                           const QString& caption,
+                                                           ui::Icon icon) const {
+    return lastMessageMatches(text, true, caption, icon);
+}
+
+testing::AssertionResult RecordingUiService::lastMessageBegins(const QString& start,
+                                                               const QString& caption,
+                                                               ui::Icon icon) const {
+    return lastMessageMatches(start, false, caption, icon);
+}
+
+testing::AssertionResult RecordingUiService::lastMessageMatches(const QString& text, bool wholeText,
+                                                                const QString& caption,
+                                                                ui::Icon icon) const {
+    if (messages.isEmpty()) {
+        return testing::AssertionFailure() << "no message was shown";
+    }
+    const ui::Message& shown = messages.last();
+    const bool textMatches = wholeText ? shown.text == text : shown.text.startsWith(text);
+    if (textMatches && shown.caption == caption && shown.icon == icon) {
+        return testing::AssertionSuccess();
+    }
+    return testing::AssertionFailure()
+           << "shown: \"" << shown.text.toStdString() << "\" under \""
+           << shown.caption.toStdString() << "\", icon " << static_cast<int>(shown.icon)
+           << "\nwanted: \"" << text.toStdString() << (wholeText ? "\"" : "\"...") << " under \""
+           << caption.toStdString() << "\", icon " << static_cast<int>(icon);
+}

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <QList>
 #include <QQueue>
 #include <QString>
@@ -38,6 +40,12 @@ public:
     int printerDialogs = 0;
 
     const ui::Message& lastMessage() const { return messages.last(); }
+    // Whether the last message had exactly this text (or, with the second, a text that
+    // begins so), caption and icon; the failure names what was shown instead.
+    testing::AssertionResult lastMessageIs(const QString& text, const QString& caption,
+                                           ui::Icon icon) const;
+    testing::AssertionResult lastMessageBegins(const QString& start, const QString& caption,
+                                               ui::Icon icon) const;
 
     ui::Answer message(const ui::Message& message) override;
     QString openFile(const QString& title, const QString& filter,
@@ -50,4 +58,8 @@ public:
     bool openAddress(const QString& address) override;
     bool startProgram(const QString& program, const QStringList& arguments) override;
     std::unique_ptr<ui::Progress> progress(const QString& title, qint64 maximum) override;
+
+private:
+    testing::AssertionResult lastMessageMatches(const QString& text, bool wholeText,
+                                                const QString& caption, ui::Icon icon) const;
 };
