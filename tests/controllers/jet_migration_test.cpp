@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFile>
 
+#include "Files.h"
 #include "RecordingUiService.h"
 #include "TestDatabase.h"
 #include "controllers/JetMigrationController.h"
@@ -16,11 +17,6 @@ const QString kQuestion =
     "db.daa is gemaakt door een eerdere versie van Lindebrug en staat nog in het oude formaat "
     "(Access). Het programma kan er pas mee werken als het is omgezet.\r\n\r\nWilt u db.daa nu "
     "omzetten? Het oorspronkelijke bestand blijft bewaard als db.daa.jet.";
-
-QByteArray readAll(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 struct StartUpCase {
     const char* name;
@@ -53,7 +49,7 @@ protected:
         if (GetParam().withCli) {
             QFile::copy(LINDEBRUG_CLI, database.file("lindebrug-cli"));
         }
-        original = readAll(database.path());
+        original = readBytes(database.path());
     }
 
     TestDatabase database;
@@ -77,17 +73,14 @@ TEST_P(JetStartUpTest, AsksConvertsAndReports) {
     EXPECT_EQ(ui.messages[0].caption, kCaption);
     EXPECT_EQ(ui.messages[0].icon, ui::Icon::Question);
     EXPECT_EQ(ui.messages[0].buttons, ui::Buttons::YesNo);
-    EXPECT_EQ(ui.lastMessage().caption, kCaption);
-    EXPECT_EQ(ui.lastMessage().icon, c.lastIcon);
-    EXPECT_TRUE(
-        ui.lastMessage().text.startsWith(QString(c.lastText).replace("%1", database.path())))
-        << ui.lastMessage().text.toStdString();
+    EXPECT_TRUE(ui.lastMessageBegins(QString(c.lastText).replace("%1", database.path()), kCaption,
+                                     c.lastIcon));
 
     const bool converted = c.carriesOn;
     EXPECT_EQ(jet::isJetFile(database.path()), !converted);
     EXPECT_EQ(QFile::exists(database.path() + ".jet"), converted);
     if (!converted) {
-        EXPECT_EQ(readAll(database.path()), original);
+        EXPECT_EQ(readBytes(database.path()), original);
     }
     EXPECT_EQ(ui.progressTitles.size(), c.progresses);
     EXPECT_EQ(QDir(database.folder()).entryList({"*.tmp"}, QDir::Files), QStringList());

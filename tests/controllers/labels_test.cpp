@@ -2,53 +2,12 @@
 
 #include <QSettings>
 
+#include "LabelScreens.h"
 #include "RecordingUiService.h"
 #include "TestDatabase.h"
-#include "controllers/LabelViews.h"
-#include "controllers/ViewFactory.h"
 #include "controllers/clsContrEtiketten.h"
-#include "printing/ReportPresenter.h"
 
 namespace {
-
-struct FakeLabels : IEtikettenView {
-    IEtikettenEvents* events = nullptr;
-    QString onderwerp;
-    QStringList vellen;
-    int gekozen = -1, laatste = 0, eerste = 1;
-    bool visible = false;
-
-    void setEvents(IEtikettenEvents* e) override { events = e; }
-    void setOnderwerp(const QString& t) override { onderwerp = t; }
-    void setVellen(const QStringList& names, int selected) override {
-        vellen = names;
-        gekozen = selected;
-    }
-    int vel() const override { return gekozen; }
-    void setPosities(int last) override { laatste = last; }
-    int positie() const override { return eerste; }
-    void show() override { visible = true; }
-    void close() override { visible = false; }
-};
-
-// Makes the screen and takes what would be shown in the preview.
-struct Fakes : LabelViewFactory, report::Presenter {
-    FakeLabels* screen = nullptr;
-    QList<report::Document> shown;
-    ScopedViews<LabelViewFactory> installed{this};
-
-    Fakes() { report::installPresenter(this); }
-    ~Fakes() override { report::installPresenter(nullptr); }
-    std::unique_ptr<IEtikettenView> createEtiketten() override {
-        auto made = std::make_unique<FakeLabels>();
-        screen = made.get();
-        return made;
-    }
-    std::shared_ptr<report::ShownReport> present(const report::Document& document) override {
-        shown << document;
-        return nullptr;
-    }
-};
 
 // The texts of a page, in the order they are drawn.
 QStringList texts(const report::Page& page) {
@@ -73,14 +32,14 @@ protected:
 
     TestDatabase database;
     RecordingUiService ui;
-    Fakes fakes;
+    LabelScreens fakes;
 };
 
 TEST_F(LabelsTest, AllVisibleCustomersByNameOnTheChosenSheetFromTheFirstFreeLabel) {
     addCustomers(30);
     clsContrEtiketten labels;
     labels.show();
-    FakeLabels& screen = *fakes.screen;
+    LabelScreen& screen = *fakes.screen;
     EXPECT_TRUE(screen.visible);
     EXPECT_EQ(screen.onderwerp, "30 klanten");
     EXPECT_EQ(screen.vellen.size(), 5) << "three label sheets and two envelopes";

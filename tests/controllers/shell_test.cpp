@@ -1,11 +1,10 @@
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QPointer>
 
+#include "Programs.h"
 #include "RecordingUiService.h"
 #include "TestDatabase.h"
 #include "controllers/ImportViews.h"
@@ -136,21 +135,15 @@ TEST_F(ShellTest, AMissingDatabaseEndsTheProgramWithACriticalMessage) {
 
     EXPECT_FALSE(controller.startUp());
     ASSERT_EQ(ui.messages.size(), 1);
-    EXPECT_EQ(ui.lastMessage().text, "Databasebestand ontbreekt");
-    EXPECT_EQ(ui.lastMessage().caption, QString());
-    EXPECT_EQ(ui.lastMessage().icon, ui::Icon::Critical);
+    EXPECT_TRUE(ui.lastMessageIs("Databasebestand ontbreekt", QString(), ui::Icon::Critical));
     EXPECT_TRUE(log.isEmpty()) << "no splash before the check";
 }
 
 // A backup, restore or export killed half way left a temporary file; the next start removes
 // it, but not one of a writer that still runs (lindebrug-cli beside the window).
 TEST_F(ShellTest, StartUpRemovesTheTemporaryFilesOfKilledWork) {
-    const pid_t ended = ::fork();
-    if (ended == 0) {
-        ::_exit(0);
-    }
-    ::waitpid(ended, nullptr, 0);
-    const QString left = database.file("db.daa~lindebrug-" + QString::number(ended) + "-7.tmp");
+    const QString left =
+        database.file("db.daa~lindebrug-" + QString::number(endedProcessId()) + "-7.tmp");
     const QString running = database.file("db.daa~lindebrug-1-8.tmp");
     for (const QString& path : {left, running}) {
         QFile file(path);
