@@ -6,27 +6,12 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include "Files.h"
 #include "RecordingUiService.h"
 #include "TestDatabase.h"
 #include "base/Regional.h"
 #include "store/Recordset.h"
 #include "store/clsDatabase.h"
-
-// Texts in failure messages as text.
-inline void PrintTo(const QString& text, std::ostream* out) {
-    *out << '"' << text.toStdString() << '"';
-}
-
-inline QByteArray readBytes(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<ontbreekt>");
-}
-
-inline void writeBytes(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    ASSERT_EQ(file.write(bytes), bytes.size());
-}
 
 // Every row of every table of a database file, as text: two files with the same dump
 // hold the same data, whatever their bytes. "<geen database>" when it cannot be read.

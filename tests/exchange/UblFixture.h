@@ -2,24 +2,16 @@
 
 #include <gtest/gtest.h>
 #include <QDir>
-#include <QFile>
 #include <QStringList>
-#include <QTemporaryDir>
 #include <QXmlStreamReader>
 #include <map>
 
-#include "RecordingUiService.h"
-#include "TestDatabase.h"
+#include "ExchangeFixture.h"
 #include "base/Currency.h"
 #include "records/clsObjArtikelPerFactuur.h"
 #include "records/clsObjBTW.h"
 #include "records/clsObjFactuur.h"
 #include "records/clsObjKlant.h"
-
-// Texts in failure messages as text.
-inline void PrintTo(const QString& text, std::ostream* out) {
-    *out << '"' << text.toStdString() << '"';
-}
 
 // The leaf elements of an e-invoice by their path without prefixes ("Invoice/ID",
 // "Invoice/InvoiceLine/LineExtensionAmount") and their attributes ("...EndpointID@schemeID"),
@@ -85,14 +77,9 @@ inline QStringList xmlValuesOf(const XmlValues& values, const QString& path) {
     return list;
 }
 
-inline QByteArray fileBytes(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<ontbreekt>");
-}
-
 // A program folder with a database that holds the company, customers of every kind the
 // e-invoice tells apart, articles, and invoices saved the way the invoice editor saves them.
-class UblDatabaseTest : public ::testing::Test {
+class UblDatabaseTest : public ExchangeTest {
 protected:
     struct Customer {
         QString bedrijfsnaam, land, btwNummer;
@@ -229,12 +216,4 @@ protected:
         factuur.OpslaanFactuur();
         return factuur;
     }
-
-    QString work(const QString& name) const { return work_.filePath(name); }
-
-    RecordingUiService ui;
-    TestDatabase database;
-
-private:
-    QTemporaryDir work_;
 };

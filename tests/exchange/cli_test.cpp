@@ -1,10 +1,8 @@
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <QDir>
 #include <QProcess>
 
 #include "ExchangeFixture.h"
+#include "Programs.h"
 
 namespace {
 
@@ -18,12 +16,7 @@ protected:
     // standard output, then "|" and what it printed on standard error.
     QString run(const QStringList& arguments) {
         closeSharedConnections();  // the program must find the file as it is, free to replace
-        QProcess process;
-        process.start(database.file("lindebrug-cli"), arguments);
-        EXPECT_TRUE(process.waitForFinished(60000));
-        EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
-        return QString::number(process.exitCode()) + ' ' + process.readAllStandardOutput() + '|' +
-               process.readAllStandardError();
+        return runProgram(database.file("lindebrug-cli"), arguments, true);
     }
 };
 
@@ -36,12 +29,8 @@ TEST_F(CliTest, EveryCommandInOneSession) {
     writeBytes(work("klanten.txt"), "7;Zeven BV\r\n8;Acht BV\r\n");
     writeBytes(work("fout.txt"), "9;Negen BV\r\ngeen getal;Fout BV\r\n");
     writeBytes(work("kapot.bu1"), QByteArray(4096, 'x'));
-    const pid_t ended = ::fork();
-    if (ended == 0) {
-        ::_exit(0);
-    }
-    ::waitpid(ended, nullptr, 0);
-    const QString leftover = database.file("db.daa~lindebrug-" + QString::number(ended) + "-1.tmp");
+    const QString leftover =
+        database.file("db.daa~lindebrug-" + QString::number(endedProcessId()) + "-1.tmp");
     writeBytes(leftover, "van een afgebroken restore");
     const QString folder = workFolder();
     const QString damaged = "Error 26 (Het bestand '" + database.path() +

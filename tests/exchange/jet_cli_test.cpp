@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <QProcess>
 #include <QTemporaryDir>
 
+#include "Programs.h"
 #include "TestDatabase.h"
 #include "store/jet/JetMigration.h"
 #include "store/jet/JetReader.h"
@@ -22,11 +22,7 @@ protected:
 
     // The exit code, then what the program printed.
     QString run(const QStringList& arguments) {
-        QProcess process;
-        process.start(database.file("lindebrug-cli"), arguments);
-        EXPECT_TRUE(process.waitForFinished(60000));
-        EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
-        return QString::number(process.exitCode()) + ' ' + process.readAllStandardOutput();
+        return runProgram(database.file("lindebrug-cli"), arguments);
     }
 
     TestDatabase database;

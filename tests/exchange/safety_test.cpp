@@ -8,6 +8,7 @@
 
 #include "ExchangeFixture.h"
 #include "KillPoints.h"
+#include "Programs.h"
 #include "base/Error.h"
 #include "exchange/AnsiLineReader.h"
 #include "exchange/DatabaseFile.h"
@@ -79,6 +80,15 @@ protected:
             << "the file alone must hold uncommitted pages, or there is no crash to survive";
     }
 
+    // More customers, committed, then the crash over them; the files as the crash left them.
+    Snapshot addCustomersThenCrash(int first, int count, const QString& name) {
+        addCustomers(first, count, name);
+        closeSharedConnections();
+        committed = dump(database.path());
+        crashInsideATransaction();
+        return Snapshot::of(database.path());
+    }
+
     // Kills work at its point 0, 1, 2, ... until it runs to its end, and then it must have
     // succeeded. Before every try prepare() puts the files in place; after every kill
     // whole() must hold.
@@ -121,19 +131,17 @@ TEST_F(CrashTest, ABackupAfterACrashHoldsTheLastCommittedRows) {
 }
 
 TEST_F(CrashTest, ARestoreOverAHotJournalNeverPlaysItIntoTheRestoredFile) {
+    const QString backedUp = committed;
     ASSERT_TRUE(dbfile::backup(database.path(), work("eerder.bu1"), QString(), nullptr));
-    addCustomers(5000, 700, "Later");
-    closeSharedConnections();
-    const QString before = dump(database.path());
-    crashInsideATransaction();
+    addCustomersThenCrash(5000, 700, "Later");
 
     QString reason;
     ASSERT_TRUE(dbfile::restore(work("eerder.bu1"), database.path(), QString(), &reason))
         << reason.toStdString();
     EXPECT_FALSE(QFileInfo::exists(dbfile::journalName(database.path())));
     EXPECT_EQ(integrity(database.path()), "ok");
-    EXPECT_EQ(dump(database.path()), committed);
-    EXPECT_EQ(dump(dbfile::previousName(database.path())), before);
+    EXPECT_EQ(dump(database.path()), backedUp);
+    EXPECT_EQ(dump(dbfile::previousName(database.path())), committed);
     EXPECT_EQ(temporaryFiles(database.folder()), QStringList());
 }
 
@@ -143,11 +151,7 @@ TEST_F(CrashTest, KilledAtEveryPointABackupLeavesTheOldOrTheNewBackupWhole) {
     const QString target = work("backup.bu1");
     ASSERT_TRUE(dbfile::backup(database.path(), target, QString(), nullptr));
     const QByteArray earlier = readBytes(target);
-    addCustomers(9000, 300, "Nieuw");
-    closeSharedConnections();
-    committed = dump(database.path());
-    crashInsideATransaction();
-    const Snapshot crashed = Snapshot::of(database.path());
+    const Snapshot crashed = addCustomersThenCrash(9000, 300, "Nieuw");
 
     atEveryKillPoint(
         "backup",
@@ -173,11 +177,7 @@ TEST_F(CrashTest, KilledAtEveryPointARestoreLeavesTheOldOrTheNewDatabaseWhole) {
     const QString source = work("terug.bu1");
     ASSERT_TRUE(dbfile::backup(database.path(), source, QString(), nullptr));
     const QString restored = dump(source);
-    addCustomers(5000, 700, "Later");
-    closeSharedConnections();
-    committed = dump(database.path());
-    crashInsideATransaction();
-    const Snapshot crashed = Snapshot::of(database.path());
+    const Snapshot crashed = addCustomersThenCrash(5000, 700, "Later");
 
     atEveryKillPoint(
         "restore",
@@ -282,12 +282,7 @@ TEST_F(CrashTest, BackupsWhileAnotherProcessWritesAreEachOneCommittedState) {
 // and the user's own files stay.
 TEST(Leftovers, OnlyTheTemporaryFilesOfEndedWritersAreRemoved) {
     QTemporaryDir folder;
-    const pid_t ended = ::fork();
-    if (ended == 0) {
-        ::_exit(0);
-    }
-    ::waitpid(ended, nullptr, 0);
-    const QString gone = QString::number(ended);
+    const QString gone = QString::number(endedProcessId());
     const QStringList names = {"db.daa~lindebrug-" + gone + "-1a2b.tmp",
                                "15112026db.bu1~lindebrug-" + gone + "-ff.tmp-journal",
                                "klant.csv~lindebrug-1-3c.tmp",

@@ -191,12 +191,7 @@ TEST_F(GeneratedInvoices, EveryPayableAmountIsThePrintedTotalAndEverySumAddsUp) 
     QString script = "BEGIN;";
     for (int a = 1; a <= 300; ++a) {
         prices.append(Currency::fromRaw(std::uniform_int_distribution<int>(1, 500000)(random)));
-        script += QString(
-                      "INSERT INTO Artikel (ArtikelID, Nummer, Omschrijving, Eenheid, Prijs, "
-                      "BTWTarief, Zichtbaar) VALUES (%1, 'G%1', 'Artikel %1', 'stuk', %2, %3, 1);")
-                      .arg(a)
-                      .arg(prices.last().raw())
-                      .arg(a % 3 == 0 ? 0 : a % 3);
+        script += articleInsert(a, QString("Artikel %1").arg(a), "stuk", prices.last(), a % 3);
     }
     for (int f = 1; f <= 1000; ++f) {
         const qint32 klant = customers[random() % 4];

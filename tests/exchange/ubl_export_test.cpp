@@ -6,6 +6,7 @@
 #include <QProcess>
 #include <QStandardPaths>
 
+#include "Programs.h"
 #include "UblFixture.h"
 #include "exchange/ubl/UblExport.h"
 
@@ -146,7 +147,7 @@ TEST_F(UblInvoices, EachKindOfCustomerGetsItsVatCategoryAndThePrintedTotal) {
     for (const Expected& e : expected) {
         SCOPED_TRACE(e.nummer);
         const QString folder = QString(e.nummer) == "1009" ? nlcius : peppol;
-        const XmlValues xml = readXmlValues(fileBytes(folder + "/" + e.nummer + ".xml"));
+        const XmlValues xml = readXmlValues(readBytes(folder + "/" + e.nummer + ".xml"));
         EXPECT_EQ(xmlValuesOf(xml, "Invoice/TaxTotal/TaxSubtotal/TaxCategory/ID"), e.categories);
         EXPECT_EQ(xmlValue(xml, "Invoice/TaxTotal/TaxSubtotal/TaxCategory/TaxExemptionReason"),
                   e.reason);
@@ -171,7 +172,7 @@ TEST_F(UblInvoices, EachKindOfCustomerGetsItsVatCategoryAndThePrintedTotal) {
                   "12345678");
     }
 
-    const XmlValues first = readXmlValues(fileBytes(peppol + "/1001.xml"));
+    const XmlValues first = readXmlValues(readBytes(peppol + "/1001.xml"));
     EXPECT_EQ(xmlValuesOf(first, "Invoice/InvoiceLine/InvoicedQuantity"),
               (QStringList{"1.5", "3", "0.333", "1", "3"}));
     EXPECT_EQ(xmlValuesOf(first, "Invoice/InvoiceLine/Item/ClassifiedTaxCategory/Percent"),
@@ -187,7 +188,7 @@ TEST_F(UblInvoices, EachKindOfCustomerGetsItsVatCategoryAndThePrintedTotal) {
     EXPECT_EQ(xmlValuesOf(first, "Invoice/InvoiceLine/Item/Name").last(), "Diversen & zo <klein>");
 
     // The returned crate: a negative price is a negative quantity at the positive price.
-    const QList<XmlValues> returns = readInvoiceLines(fileBytes(peppol + "/1005.xml"));
+    const QList<XmlValues> returns = readInvoiceLines(readBytes(peppol + "/1005.xml"));
     ASSERT_EQ(returns.size(), 4);
     EXPECT_EQ(xmlValue(returns[2], "InvoicedQuantity"), "-4");
     EXPECT_EQ(xmlValue(returns[2], "Price/PriceAmount"), "3.90");
@@ -195,11 +196,11 @@ TEST_F(UblInvoices, EachKindOfCustomerGetsItsVatCategoryAndThePrintedTotal) {
     EXPECT_EQ(xmlValue(returns[0], "InvoicedQuantity"), "-2");
 
     // Without a company name the contact person is the customer.
-    const XmlValues persoon = readXmlValues(fileBytes(peppol + "/1007.xml"));
+    const XmlValues persoon = readXmlValues(readBytes(peppol + "/1007.xml"));
     EXPECT_EQ(xmlValue(persoon,
                        "Invoice/AccountingCustomerParty/Party/PartyLegalEntity/RegistrationName"),
               "J. de Vries");
-    EXPECT_EQ(readInvoiceLines(fileBytes(peppol + "/1006.xml")).size(), 200);
+    EXPECT_EQ(readInvoiceLines(readBytes(peppol + "/1006.xml")).size(), 200);
 }
 
 // What cannot become a valid e-invoice is refused before a folder is asked for, with what
@@ -291,9 +292,7 @@ TEST_F(UblInvoices, WhatCannotBecomeAValidEInvoiceIsRefusedByName) {
         ui.foldersToChoose.enqueue(work("nooit"));
         EXPECT_FALSE(exportInvoices(c.invoices, c.profile));
         ASSERT_EQ(ui.messages.size(), 1);
-        EXPECT_EQ(ui.lastMessage().text, c.message);
-        EXPECT_EQ(ui.lastMessage().caption, kCaption);
-        EXPECT_EQ(ui.lastMessage().icon, ui::Icon::Exclamation);
+        EXPECT_TRUE(ui.lastMessageIs(c.message, kCaption, ui::Icon::Exclamation));
         EXPECT_TRUE(ui.folderPrompts.isEmpty());
         ui.foldersToChoose.clear();
         set(before);
@@ -335,11 +334,10 @@ TEST_F(UblInvoices, FilesAreWrittenIntoTheChosenFolderAskingBeforeReplacingOne) 
     EXPECT_EQ(ui.messages.size(), 1);
 
     const QString folder = exportTo("uit", {1, 2}, Profile::Peppol);
-    EXPECT_EQ(ui.lastMessage().text, "2 e-facturen opgeslagen in de map " + folder + ".");
-    EXPECT_EQ(ui.lastMessage().caption, kCaption);
-    EXPECT_EQ(ui.lastMessage().icon, ui::Icon::Information);
+    EXPECT_TRUE(ui.lastMessageIs("2 e-facturen opgeslagen in de map " + folder + ".", kCaption,
+                                 ui::Icon::Information));
     EXPECT_EQ(QDir(folder).entryList(QDir::Files), (QStringList{"1001.xml", "1002.xml"}));
-    const QByteArray written = fileBytes(folder + "/1002.xml");
+    const QByteArray written = readBytes(folder + "/1002.xml");
     EXPECT_TRUE(written.startsWith("<?xml version=\"1.0\" encoding=\"UTF-8\"?>"));
 
     QFile kept(folder + "/1001.xml");
@@ -356,15 +354,15 @@ TEST_F(UblInvoices, FilesAreWrittenIntoTheChosenFolderAskingBeforeReplacingOne) 
     EXPECT_EQ(question.buttons, ui::Buttons::YesNo);
     EXPECT_EQ(ui.lastMessage().text, "2 e-facturen opgeslagen in de map " + folder +
                                          ".\r\n1 bestaand bestand is niet overschreven.");
-    EXPECT_EQ(fileBytes(folder + "/1001.xml"), "van de gebruiker");
-    EXPECT_EQ(fileBytes(folder + "/1002.xml"), written);
+    EXPECT_EQ(readBytes(folder + "/1001.xml"), "van de gebruiker");
+    EXPECT_EQ(readBytes(folder + "/1002.xml"), written);
     EXPECT_EQ(QDir(folder).entryList(QDir::Files),
               (QStringList{"1001.xml", "1002.xml", "1003.xml"}));
 
     ui.answers.enqueue(ui::Answer::Yes);
     ui.foldersToChoose.enqueue(folder);
     EXPECT_TRUE(exportInvoices({1}));
-    EXPECT_TRUE(fileBytes(folder + "/1001.xml").startsWith("<?xml"));
+    EXPECT_TRUE(readBytes(folder + "/1001.xml").startsWith("<?xml"));
     EXPECT_EQ(QDir(folder).entryList(QDir::Files | QDir::Hidden).size(), 3);  // no temporary left
 
     ui.foldersToChoose.enqueue(work("bestaat-niet"));
@@ -379,10 +377,7 @@ TEST_F(UblInvoices, TheCommandLineWritesTheInvoicesItIsGiven) {
     QDir().mkpath(folder);
     const auto run = [&](const QStringList& arguments) -> QString {
         closeSharedConnections();
-        QProcess process;
-        process.start(database.file("lindebrug-cli"), arguments);
-        EXPECT_TRUE(process.waitForFinished(60000));
-        return QString::number(process.exitCode()) + ' ' + process.readAllStandardOutput();
+        return runProgram(database.file("lindebrug-cli"), arguments);
     };
     const std::pair<QStringList, QString> steps[] = {
         {{"ubl", "1001", "1002", folder}, "0 2 e-facturen opgeslagen in de map " + folder + ".\n"},
@@ -412,8 +407,8 @@ TEST_F(UblInvoices, TheCommandLineWritesTheInvoicesItIsGiven) {
     }
     EXPECT_EQ(QDir(folder).entryList(QDir::Files),
               (QStringList{"1001.xml", "1002.xml", "1003.xml"}));
-    EXPECT_THAT(fileBytes(folder + "/1003.xml").toStdString(), HasSubstr("nlcius"));
-    EXPECT_THAT(fileBytes(folder + "/1002.xml").toStdString(), HasSubstr("peppol"));
+    EXPECT_THAT(readBytes(folder + "/1003.xml").toStdString(), HasSubstr("nlcius"));
+    EXPECT_THAT(readBytes(folder + "/1002.xml").toStdString(), HasSubstr("peppol"));
 
     // A database that cannot be read is reported, and the command fails.
     closeSharedConnections();
