@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "Files.h"
 #include "RecordingUiService.h"
 #include "TestDatabase.h"
 #include "base/Error.h"
@@ -12,11 +13,6 @@
 #include "records/clsObjInstellingen.h"
 #include "records/clsObjKlant.h"
 #include "store/Recordset.h"
-
-// Texts in failure messages as text.
-void PrintTo(const QString& text, std::ostream* out) {
-    *out << '"' << text.toStdString() << '"';
-}
 
 namespace {
 

@@ -17,21 +17,11 @@ using namespace jettest;
 
 namespace {
 
-QStringList columnsOf(const QString& database, const QString& table) {
-    QStringList columns;
-    sqlite3* db = nullptr;
-    sqlite3_open_v2(database.toUtf8().constData(), &db, SQLITE_OPEN_READONLY, nullptr);
-    sqlite3_stmt* statement = nullptr;
-    sqlite3_prepare_v2(db, QString("PRAGMA table_info(%1)").arg(table).toUtf8().constData(), -1,
-                       &statement, nullptr);
-    while (sqlite3_step(statement) == SQLITE_ROW) {
-        columns << QString("%1 %2").arg(
-            reinterpret_cast<const char*>(sqlite3_column_text(statement, 1)),
-            reinterpret_cast<const char*>(sqlite3_column_text(statement, 2)));
-    }
-    sqlite3_finalize(statement);
-    sqlite3_close(db);
-    return columns;
+// The columns of a table in a database file with their declared types, in their order.
+QString columnsOf(const TestDatabase& reader, const QString& database, const QString& table) {
+    const QString sql =
+        "SELECT group_concat(name || ' ' || type, ', ') FROM pragma_table_info('%1')";
+    return reader.scalar(sql.arg(table), database).toString();
 }
 
 // A program folder holding an old file as db.daa.
@@ -41,7 +31,7 @@ public:
         QFile::copy(fixture(fixtureName), folder.file(name));
         QFile::setPermissions(folder.file(name), QFile::ReadOwner | QFile::WriteOwner |
                                                      QFile::ReadGroup | QFile::ReadOther);
-        original = readAll(folder.file(name));
+        original = readBytes(folder.file(name));
     }
     QString database() const { return folder.file("db.daa"); }
     QStringList files() const { return QDir(folder.path()).entryList(QDir::Files | QDir::System); }
@@ -76,7 +66,8 @@ TEST_P(JetFixtureTest, ConvertsEveryCellAsExpected) {
 
     TestDatabase current;
     for (const QString& table : jet::convertedTables()) {
-        EXPECT_EQ(columnsOf(folder.file("db.daa"), table), columnsOf(current.path(), table));
+        EXPECT_EQ(columnsOf(current, folder.file("db.daa"), table),
+                  columnsOf(current, current.path(), table));
     }
     for (const jet::TableCount& count : result.tables) {
         EXPECT_EQ(count.rows, expected.value(count.table).toObject().value("rowCount").toInt())
@@ -110,13 +101,13 @@ TEST(JetMigration, ReplacesInPlaceKeepingTheOldFileAndSettingOrphansApart) {
     EXPECT_FALSE(jet::isJetFile(folder.database()));
     EXPECT_EQ(QFileInfo(folder.database()).permissions(), QFileInfo(result.keptAs).permissions());
     EXPECT_EQ(result.keptAs, folder.database() + ".jet");
-    EXPECT_EQ(readAll(result.keptAs), folder.original);
+    EXPECT_EQ(readBytes(result.keptAs), folder.original);
     EXPECT_EQ(
         differences(folder.database(), withoutInvoice(expectedTables("db-jet4.expected.json"), 10)),
         QStringList());
 
     const QList<QByteArray> lines =
-        readAll(folder.folder.file("db-regels-zonder-factuur.csv")).split('\n');
+        readBytes(folder.folder.file("db-regels-zonder-factuur.csv")).split('\n');
     ASSERT_EQ(lines.size(), 4);  // header, two lines, and the end after the last CR LF
     // The two lines of invoice 10 as its rows read, money with its four decimals.
     const QStringList header = QString::fromUtf8(lines[0].trimmed()).split(';');
@@ -156,7 +147,7 @@ TEST(JetMigration, ReplacesInPlaceKeepingTheOldFileAndSettingOrphansApart) {
     EXPECT_TRUE(result.stockDifferences.contains(
         QString("ArtikelID 64: db.daa %1, daa.mdb leeg").arg(ours[64])));
 
-    const QString report = QString::fromUtf8(readAll(result.reportFile));
+    const QString report = QString::fromUtf8(readBytes(result.reportFile));
     EXPECT_TRUE(report.contains("  ArtikelPerFactuur   : 836\r\n")) << report.toStdString();
     EXPECT_TRUE(report.contains(result.stockDifferences.first()));
     EXPECT_TRUE(report.contains("Het oude daa.mdb is bewaard als " + result.stockFileKeptAs));
@@ -167,14 +158,14 @@ TEST(JetMigration, ReplacesInPlaceKeepingTheOldFileAndSettingOrphansApart) {
 TEST(JetMigration, ReplacingAnotherDatabaseKeepsItAsVorige) {
     JetFolder old("db-jet4-empty.daa", "OUD.daa");
     TestDatabase current;
-    const QByteArray before = readAll(current.path());
+    const QByteArray before = readBytes(current.path());
     const jet::MigrationResult result = jet::migrate(old.folder.file("OUD.daa"), current.path());
     EXPECT_EQ(result.keptAs, current.path() + ".vorige");
-    EXPECT_EQ(readAll(result.keptAs), before);
+    EXPECT_EQ(readBytes(result.keptAs), before);
     EXPECT_EQ(jet::invoiceCount(current.path()), 0);
     EXPECT_EQ(jet::invoiceCount(old.folder.file("OUD.daa")), -1);
     EXPECT_EQ(old.files(), (QStringList{"OUD-omzetverslag.txt", "OUD.daa"}));
-    EXPECT_EQ(readAll(old.folder.file("OUD.daa")), old.original);
+    EXPECT_EQ(readBytes(old.folder.file("OUD.daa")), old.original);
 }
 
 struct Refusal {
@@ -186,7 +177,7 @@ struct Refusal {
 };
 
 QString schemaWith(std::pair<const char*, const char*> change) {
-    QString schema = QString::fromUtf8(readAll(TestDatabase::schemaScript()));
+    QString schema = QString::fromUtf8(readBytes(TestDatabase::schemaScript()));
     return change.first ? schema.replace(change.first, change.second) : schema;
 }
 
@@ -204,7 +195,7 @@ TEST_P(JetRefusalTest, StopsWithAMessageAndLeavesTheFolderAsItWas) {
     if (r.truncateTo) {
         QFile::resize(folder.database(), r.truncateTo);
     }
-    folder.original = readAll(folder.database());
+    folder.original = readBytes(folder.database());
     try {
         jet::migrate(folder.database(), folder.database(), {}, schemaWith(r.schemaChange));
         ADD_FAILURE() << "converted";
@@ -213,7 +204,7 @@ TEST_P(JetRefusalTest, StopsWithAMessageAndLeavesTheFolderAsItWas) {
                   QString(r.message).replace("%1", folder.database()).toStdString());
     }
     EXPECT_EQ(folder.files(), QStringList{"db.daa"});
-    EXPECT_EQ(readAll(folder.database()), folder.original);
+    EXPECT_EQ(readBytes(folder.database()), folder.original);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -287,7 +278,7 @@ TEST_P(JetKillTest, AKilledConversionLeavesTheOldFile) {
     int status = 0;
     ASSERT_EQ(waitpid(child, &status, 0), child);
     ASSERT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL);
-    EXPECT_EQ(readAll(folder.database()), folder.original);
+    EXPECT_EQ(readBytes(folder.database()), folder.original);
     EXPECT_FALSE(QFileInfo::exists(folder.database() + ".jet"));
 
     jet::migrate(folder.database(), folder.database());
@@ -311,7 +302,7 @@ TEST(JetMigration, ACancelledConversionChangesNothing) {
         EXPECT_EQ(error.number(), Error::DialogCancelled);
     }
     EXPECT_EQ(folder.files(), QStringList{"db.daa"});
-    EXPECT_EQ(readAll(folder.database()), folder.original);
+    EXPECT_EQ(readBytes(folder.database()), folder.original);
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include <QStringList>
 #include <QVariant>
 
+#include "Files.h"
 #include "TestDatabase.h"
 
 // The old Access files of tests/data/jet and the rows they must give, as the JSON beside
@@ -19,13 +20,8 @@ inline QString fixture(const QString& name) {
     return TestDatabase::testData(QStringLiteral("jet/") + name);
 }
 
-inline QByteArray readAll(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 inline QJsonObject expectedTables(const QString& json) {
-    return QJsonDocument::fromJson(readAll(fixture(json))).object().value("tables").toObject();
+    return QJsonDocument::fromJson(readBytes(fixture(json))).object().value("tables").toObject();
 }
 
 // The expected tables less one invoice and its lines.
