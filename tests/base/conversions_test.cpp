@@ -2,20 +2,12 @@
 
 #include <QLocale>
 
+#include "ErrorOf.h"
 #include "base/Conversions.h"
 #include "base/Error.h"
 #include "base/Regional.h"
 
 namespace {
-
-long errorNumberOf(const std::function<void()>& operation) {
-    try {
-        operation();
-    } catch (const Error& e) {
-        return e.number();
-    }
-    return 0;
-}
 
 TEST(Conversions, WholeNumbersRoundHalvesToEvenInBothDirections) {
     const std::pair<double, int> cases[] = {{0.5, 0},   {1.5, 2},    {2.5, 2},
@@ -40,7 +32,7 @@ TEST(Conversions, WholeNumbersOverflowOutsideTheirRange) {
              [] { conv::toLong(-2147483649.0); }, [] { conv::toInteger(32767.5); },
              [] { conv::toInteger(-32769.0); }, [] { conv::toInteger(std::int64_t{32768}); },
              [] { conv::toLong(std::nan("")); }}) {
-        EXPECT_EQ(errorNumberOf(operation), Error::Overflow);
+        EXPECT_EQ(errorOf(operation), Error::Overflow);
     }
 }
 
@@ -74,8 +66,7 @@ TEST(Conversions, TextThatIsNotANumberIsATypeMismatch) {
     for (const char* text : {"", "   ", "abc", "12abc", "1,2,3", "€ 5"}) {
         SCOPED_TRACE(text);
         EXPECT_FALSE(conv::isNumeric(QString::fromUtf8(text)));
-        EXPECT_EQ(errorNumberOf([&] { conv::toDouble(QString::fromUtf8(text)); }),
-                  Error::TypeMismatch);
+        EXPECT_EQ(errorOf([&] { conv::toDouble(QString::fromUtf8(text)); }), Error::TypeMismatch);
     }
     Regional::setLocaleForTests(QLocale::c());
 }

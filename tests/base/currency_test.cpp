@@ -1,7 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <functional>
+#include <vector>
 
+#include "ErrorOf.h"
 #include "base/Currency.h"
 #include "base/Error.h"
 
@@ -53,22 +56,14 @@ TEST(Currency, MultiplicationGoesThroughDoubleAndRoundsBack) {
 TEST(Currency, TheLargestAmountsAreHeldAndOneMoreOverflows) {
     EXPECT_EQ(Currency::max().raw(), INT64_MAX);
     EXPECT_EQ(Currency::fromLong(922337203685477).raw(), 9223372036854770000);
-    auto expectOverflow = [](auto operation) {
-        try {
-            operation();
-            FAIL() << "no overflow";
-        } catch (const Error& e) {
-            EXPECT_EQ(e.number(), Error::Overflow);
-        }
-    };
-    expectOverflow([] { Currency::max() + Currency::fromRaw(1); });
-    expectOverflow([] { Currency::min() - Currency::fromRaw(1); });
-    expectOverflow([] { -Currency::min(); });
-    expectOverflow([] { Currency::fromLong(922337203685478); });
-    expectOverflow([] { Currency::fromDouble(1e15); });
-    expectOverflow([] { Currency::fromDouble(-1e15); });
-    expectOverflow([] { Currency::fromDouble(std::nan("")); });
-    expectOverflow([] { Currency::fromDouble(9e14) * 2.0; });
+    for (const auto& operation : std::vector<std::function<void()>>{
+             [] { Currency::max() + Currency::fromRaw(1); },
+             [] { Currency::min() - Currency::fromRaw(1); }, [] { -Currency::min(); },
+             [] { Currency::fromLong(922337203685478); }, [] { Currency::fromDouble(1e15); },
+             [] { Currency::fromDouble(-1e15); }, [] { Currency::fromDouble(std::nan("")); },
+             [] { Currency::fromDouble(9e14) * 2.0; }}) {
+        EXPECT_EQ(errorOf(operation), Error::Overflow);
+    }
 }
 
 }  // namespace

@@ -7,7 +7,7 @@
 
 #include "TestDatabase.h"
 #include "base/Regional.h"
-#include "error_of.h"
+#include "ErrorOf.h"
 #include "store/Connection.h"
 
 // A fresh copy of the shipped database in a temporary program folder, opened through the

@@ -7,6 +7,7 @@
 #include <QLocale>
 #include <csignal>
 
+#include "ErrorOf.h"
 #include "base/Error.h"
 #include "jet_fixture.h"
 #include "store/jet/JetMigration.h"
@@ -196,13 +197,11 @@ TEST_P(JetRefusalTest, StopsWithAMessageAndLeavesTheFolderAsItWas) {
         QFile::resize(folder.database(), r.truncateTo);
     }
     folder.original = readBytes(folder.database());
-    try {
+    const Error error = errorFrom([&] {
         jet::migrate(folder.database(), folder.database(), {}, schemaWith(r.schemaChange));
-        ADD_FAILURE() << "converted";
-    } catch (const Error& error) {
-        EXPECT_EQ(error.description().toStdString(),
-                  QString(r.message).replace("%1", folder.database()).toStdString());
-    }
+    });
+    EXPECT_EQ(error.description().toStdString(),
+              QString(r.message).replace("%1", folder.database()).toStdString());
     EXPECT_EQ(folder.files(), QStringList{"db.daa"});
     EXPECT_EQ(readBytes(folder.database()), folder.original);
 }
@@ -291,16 +290,15 @@ INSTANTIATE_TEST_SUITE_P(AtReport, JetKillTest, testing::Values(1, 4, 7));
 TEST(JetMigration, ACancelledConversionChangesNothing) {
     JetFolder folder("db-jet4.daa");
     int reports = 0;
-    try {
-        jet::migrate(folder.database(), folder.database(), [&](qint64 done, qint64 total) {
-            EXPECT_EQ(total, 1071);
-            EXPECT_LE(done, total);
-            return ++reports < 5;
-        });
-        ADD_FAILURE() << "converted";
-    } catch (const Error& error) {
-        EXPECT_EQ(error.number(), Error::DialogCancelled);
-    }
+    const auto cancelAtTheFifthReport = [&](qint64 done, qint64 total) {
+        EXPECT_EQ(total, 1071);
+        EXPECT_LE(done, total);
+        return ++reports < 5;
+    };
+    EXPECT_EQ(errorOf([&] {
+                  jet::migrate(folder.database(), folder.database(), cancelAtTheFifthReport);
+              }),
+              Error::DialogCancelled);
     EXPECT_EQ(folder.files(), QStringList{"db.daa"});
     EXPECT_EQ(readBytes(folder.database()), folder.original);
 }

@@ -9,7 +9,7 @@
 #include "RecordingUiService.h"
 #include "TestDatabase.h"
 #include "base/ProgramFolder.h"
-#include "error_of.h"
+#include "ErrorOf.h"
 #include "store/PersistentRecord.h"
 #include "store/StatementTexts.h"
 #include "store/clsDatabase.h"

@@ -6,7 +6,7 @@
 
 #include "RecordingUiService.h"
 #include "TestDatabase.h"
-#include "error_of.h"
+#include "ErrorOf.h"
 #include "store/PersistentRecord.h"
 #include "store/clsFoutCodeVertaler.h"
 
