@@ -5,9 +5,9 @@
 #include <QLocale>
 #include <QStringList>
 
+#include "ErrorOf.h"
 #include "TestDatabase.h"
 #include "base/Regional.h"
-#include "ErrorOf.h"
 #include "store/Connection.h"
 
 // A fresh copy of the shipped database in a temporary program folder, opened through the

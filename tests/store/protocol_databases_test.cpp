@@ -6,10 +6,10 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include "ErrorOf.h"
 #include "RecordingUiService.h"
 #include "TestDatabase.h"
 #include "base/ProgramFolder.h"
-#include "ErrorOf.h"
 #include "store/PersistentRecord.h"
 #include "store/StatementTexts.h"
 #include "store/clsDatabase.h"

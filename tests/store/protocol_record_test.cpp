@@ -4,9 +4,9 @@
 
 #include <QFile>
 
+#include "ErrorOf.h"
 #include "RecordingUiService.h"
 #include "TestDatabase.h"
-#include "ErrorOf.h"
 #include "store/PersistentRecord.h"
 #include "store/clsFoutCodeVertaler.h"
 
