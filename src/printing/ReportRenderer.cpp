@@ -5,12 +5,14 @@
 
 #include <QFileInfo>
 #include <QFontMetricsF>
+#include <QGlyphRun>
 #include <QHash>
 #include <QPageLayout>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPrinter>
 #include <QSaveFile>
+#include <QTextLayout>
 #include <optional>
 #include <unordered_map>
 
@@ -59,13 +61,26 @@ private:
         return pen;
     }
 
-    // A font and its measures, made once per kind of text of a document.
+    // A line of text shaped once: its glyphs placed from the left end of its baseline.
+    struct ShapedLine {
+        QList<QGlyphRun> runs;
+        double width = 0;
+    };
+
+    // A font, its measures and the lines already shaped in it. Invoices repeat most of their
+    // texts (captions, the company's details, articles, dates), and shaping a text is the
+    // dearest part of drawing it.
     struct Font {
         QFont font;
         QFontMetricsF metrics;
+        std::unordered_map<QString, ShapedLine> lines;
     };
 
-    const Font& font(const FontSpec& spec) {
+    // Enough for the distinct texts of a large batch of invoices; past it the cache starts
+    // anew rather than growing with every amount printed.
+    static constexpr std::size_t kShapedLinesPerFont = 20000;
+
+    Font& font(const FontSpec& spec) {
         if (lastSpec_ && *lastSpec_ == spec) {
             return *lastFont_;
         }
@@ -77,42 +92,81 @@ private:
             font.setPointSizeF(spec.size);
             font.setBold(spec.bold);
             font.setItalic(spec.italic);
-            found = fonts_.emplace(key, Font{font, QFontMetricsF(font, painter_.device())}).first;
+            found =
+                fonts_.emplace(key, Font{font, QFontMetricsF(font, painter_.device()), {}}).first;
         }
         lastSpec_ = spec;
         lastFont_ = &found->second;
         return found->second;
     }
 
-    void drawText(const DrawItem& item) {
-        const Font& f = font(item.font);
-        if (painter_.font() != f.font) {
-            painter_.setFont(f.font);
+    const ShapedLine& shaped(Font& f, const QString& text) {
+        const auto known = f.lines.find(text);
+        if (known != f.lines.end()) {
+            return known->second;
         }
+        if (f.lines.size() >= kShapedLinesPerFont) {
+            f.lines.clear();
+        }
+        return f.lines.emplace(text, shape(text, f.font)).first->second;
+    }
+
+    // The text as one line without wrapping, shaped as drawing it would shape it.
+    ShapedLine shape(const QString& text, const QFont& font) const {
+        QTextLayout layout(text, font, painter_.device());
+        QTextOption option;
+        option.setWrapMode(QTextOption::NoWrap);
+        layout.setTextOption(option);
+        layout.beginLayout();
+        QTextLine line = layout.createLine();
+        layout.endLayout();
+        ShapedLine shaped;
+        if (!line.isValid()) {
+            return shaped;
+        }
+        shaped.width = line.horizontalAdvance();
+        // The runs come placed below the line's top; the baseline is what the caller knows.
+        const QPointF toBaseline(0, -line.ascent());
+        for (QGlyphRun run : line.glyphRuns()) {
+            QList<QPointF> positions = run.positions();
+            for (QPointF& position : positions) {
+                position += toBaseline;
+            }
+            run.setPositions(positions);
+            shaped.runs.append(std::move(run));
+        }
+        return shaped;
+    }
+
+    void drawText(const DrawItem& item) {
+        Font& f = font(item.font);
         painter_.setPen(Qt::black);
         const QRectF rect = map(item.rect);
         if (item.wrap) {
+            if (painter_.font() != f.font) {
+                painter_.setFont(f.font);
+            }
             painter_.drawText(rect, int(item.alignment | Qt::AlignTop | Qt::TextWordWrap),
                               item.text);
             return;
         }
-        // One line, placed from its measured width: no text layout needed.
+        // One line, placed from its shaped width; too wide, it ends in an ellipsis.
         const QFontMetricsF& metrics = f.metrics;
-        QString shown = item.text;
-        double width = metrics.horizontalAdvance(shown);
-        if (width > rect.width()) {
-            shown = metrics.elidedText(item.text, Qt::ElideRight, rect.width());
-            width = metrics.horizontalAdvance(shown);
+        const ShapedLine* line = &shaped(f, item.text);
+        if (line->width > rect.width()) {
+            line = &shaped(f, metrics.elidedText(item.text, Qt::ElideRight, rect.width()));
         }
         double x = rect.left();
         if (item.alignment & Qt::AlignRight) {
-            x = rect.right() - width;
+            x = rect.right() - line->width;
         } else if (item.alignment & Qt::AlignHCenter) {
-            x = rect.left() + (rect.width() - width) / 2;
+            x = rect.left() + (rect.width() - line->width) / 2;
         }
-        const double baseline =
-            rect.top() + (rect.height() - metrics.height()) / 2 + metrics.ascent();
-        painter_.drawText(QPointF(x, baseline), shown);
+        const QPointF baseline(
+            x, rect.top() + (rect.height() - metrics.height()) / 2 + metrics.ascent());
+        for (const QGlyphRun& run : line->runs) {
+            painter_.drawGlyphRun(baseline, run);
+        }
     }
 
     // A zoomed picture fills its control as far as its proportions allow; any other is
@@ -146,7 +200,7 @@ private:
     double sx_, sy_;
     std::unordered_map<QString, Font> fonts_;
     std::optional<FontSpec> lastSpec_;
-    const Font* lastFont_ = nullptr;
+    Font* lastFont_ = nullptr;
 };
 
 // Flushes the folder so that a renamed file keeps its name after a power cut.
