@@ -11,6 +11,7 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPrinter>
+#include <QRawFont>
 #include <QSaveFile>
 #include <QTextLayout>
 #include <optional>
@@ -27,6 +28,9 @@ public:
 
     void draw(const Page& page) {
         for (const DrawItem& item : page.items) {
+            if (item.kind != DrawItem::Kind::Text || item.wrap) {
+                drawQueuedText();
+            }
             switch (item.kind) {
                 case DrawItem::Kind::Text:
                     drawText(item);
@@ -48,6 +52,7 @@ public:
                     break;
             }
         }
+        drawQueuedText();
     }
 
 private:
@@ -140,9 +145,9 @@ private:
 
     void drawText(const DrawItem& item) {
         Font& f = font(item.font);
-        painter_.setPen(Qt::black);
         const QRectF rect = map(item.rect);
         if (item.wrap) {
+            painter_.setPen(Qt::black);
             if (painter_.font() != f.font) {
                 painter_.setFont(f.font);
             }
@@ -165,8 +170,36 @@ private:
         const QPointF baseline(
             x, rect.top() + (rect.height() - metrics.height()) / 2 + metrics.ascent());
         for (const QGlyphRun& run : line->runs) {
-            painter_.drawGlyphRun(baseline, run);
+            queue(run, baseline);
         }
+    }
+
+    // Lines of text in one font that follow each other on a page go to the device as one
+    // run: in a PDF every run drawn opens a text object with its own state, about as large
+    // as a short text itself, and all of it is compressed again.
+    void queue(const QGlyphRun& run, const QPointF& at) {
+        if (!queued_.glyphs.isEmpty() && queued_.font != run.rawFont()) {
+            drawQueuedText();
+        }
+        queued_.font = run.rawFont();
+        queued_.glyphs += run.glyphIndexes();
+        for (const QPointF& position : run.positions()) {
+            queued_.positions.append(position + at);
+        }
+    }
+
+    void drawQueuedText() {
+        if (queued_.glyphs.isEmpty()) {
+            return;
+        }
+        QGlyphRun run;
+        run.setRawFont(queued_.font);
+        run.setGlyphIndexes(queued_.glyphs);
+        run.setPositions(queued_.positions);
+        painter_.setPen(Qt::black);
+        painter_.drawGlyphRun(QPointF(), run);
+        queued_.glyphs.clear();
+        queued_.positions.clear();
     }
 
     // A zoomed picture fills its control as far as its proportions allow; any other is
@@ -201,6 +234,11 @@ private:
     std::unordered_map<QString, Font> fonts_;
     std::optional<FontSpec> lastSpec_;
     Font* lastFont_ = nullptr;
+    struct {
+        QRawFont font;
+        QList<quint32> glyphs;
+        QList<QPointF> positions;
+    } queued_;
 };
 
 // Flushes the folder so that a renamed file keeps its name after a power cut.
