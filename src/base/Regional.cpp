@@ -74,12 +74,16 @@ QString Regional::dateText(const QDateTime& value) {
 
 namespace {
 
-// Whole cents, halves away from zero, from the exact amount.
-double roundedToCents(const Currency& amount) {
+// The amount's size in whole cents, halves away from zero, from the exact amount.
+quint64 wholeCents(const Currency& amount) {
     const std::int64_t raw = amount.raw();
     const quint64 magnitude = raw < 0 ? 0 - static_cast<quint64>(raw) : static_cast<quint64>(raw);
-    const double cents = static_cast<double>((magnitude + 50) / 100) / 100.0;
-    return raw < 0 ? -cents : cents;
+    return (magnitude + 50) / 100;
+}
+
+double roundedToCents(const Currency& amount) {
+    const double cents = static_cast<double>(wholeCents(amount)) / 100.0;
+    return amount.raw() < 0 ? -cents : cents;
 }
 
 }  // namespace
@@ -89,12 +93,33 @@ QString Regional::amountText(const Currency& amount) {
 }
 
 QString Regional::currencyText(const Currency& amount) {
-    const double rounded = roundedToCents(amount);
-    if (locale().language() != QLocale::Dutch) {
-        return locale().toCurrencyString(rounded, locale().currencySymbol(), 2);
+    const QLocale& regional = locale();
+    if (regional.language() != QLocale::Dutch) {
+        return regional.toCurrencyString(roundedToCents(amount), regional.currencySymbol(), 2);
     }
-    // The Dutch form of the desktop's regional settings: "€ 1.234,56", "€ -1.234,56".
-    return locale().currencySymbol() + u' ' + locale().toString(rounded, 'f', 2);
+    // The Dutch form of the desktop's regional settings: "€ 1.234,56", "€ -1.234,56". Made
+    // from the whole cents in one buffer, without a detour through a floating-point number
+    // and its conversion to text: a list of every invoice shows one amount per invoice.
+    const quint64 cents = wholeCents(amount);
+    const QString whole = QString::number(cents / 100);
+    const QString group = regional.groupSeparator();
+    QString text;
+    text.reserve(whole.size() * (1 + group.size()) + 8);
+    text += regional.currencySymbol();
+    text += u' ';
+    if (amount.raw() < 0 && cents > 0) {
+        text += regional.negativeSign();
+    }
+    for (qsizetype i = 0; i < whole.size(); ++i) {
+        if (i > 0 && (whole.size() - i) % 3 == 0) {
+            text += group;
+        }
+        text += whole[i];
+    }
+    text += regional.decimalPoint();
+    text += QChar(u'0' + int(cents % 100 / 10));
+    text += QChar(u'0' + int(cents % 10));
+    return text;
 }
 
 QString Regional::valueText(const QVariant& value) {

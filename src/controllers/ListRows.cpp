@@ -1,16 +1,25 @@
 #include "controllers/ListRows.h"
 
+#include <algorithm>
+
 #include "base/UiService.h"
 
 QString listRow(std::initializer_list<QString> cells) {
+    qsizetype length = qsizetype(cells.size());
+    for (const QString& cell : cells) {
+        length += cell.size();
+    }
     QString row;
+    row.reserve(length);
     bool first = true;
     for (const QString& cell : cells) {
         if (!first) {
             row += u'\t';
         }
         first = false;
-        row += cell.contains(u'\t') ? QString(cell).replace(u'\t', u' ') : cell;
+        const qsizetype start = row.size();
+        row += cell;
+        std::replace(row.begin() + start, row.end(), QChar(u'\t'), QChar(u' '));
     }
     return row;
 }

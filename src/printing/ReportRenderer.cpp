@@ -5,12 +5,15 @@
 
 #include <QFileInfo>
 #include <QFontMetricsF>
+#include <QGlyphRun>
 #include <QHash>
 #include <QPageLayout>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPrinter>
+#include <QRawFont>
 #include <QSaveFile>
+#include <QTextLayout>
 #include <optional>
 #include <unordered_map>
 
@@ -25,6 +28,9 @@ public:
 
     void draw(const Page& page) {
         for (const DrawItem& item : page.items) {
+            if (item.kind != DrawItem::Kind::Text || item.wrap) {
+                drawQueuedText();
+            }
             switch (item.kind) {
                 case DrawItem::Kind::Text:
                     drawText(item);
@@ -46,6 +52,7 @@ public:
                     break;
             }
         }
+        drawQueuedText();
     }
 
 private:
@@ -59,13 +66,26 @@ private:
         return pen;
     }
 
-    // A font and its measures, made once per kind of text of a document.
+    // A line of text shaped once: its glyphs placed from the left end of its baseline.
+    struct ShapedLine {
+        QList<QGlyphRun> runs;
+        double width = 0;
+    };
+
+    // A font, its measures and the lines already shaped in it. Invoices repeat most of their
+    // texts (captions, the company's details, articles, dates), and shaping a text is the
+    // dearest part of drawing it.
     struct Font {
         QFont font;
         QFontMetricsF metrics;
+        std::unordered_map<QString, ShapedLine> lines;
     };
 
-    const Font& font(const FontSpec& spec) {
+    // Enough for the distinct texts of a large batch of invoices; past it the cache starts
+    // anew rather than growing with every amount printed.
+    static constexpr std::size_t kShapedLinesPerFont = 20000;
+
+    Font& font(const FontSpec& spec) {
         if (lastSpec_ && *lastSpec_ == spec) {
             return *lastFont_;
         }
@@ -77,42 +97,109 @@ private:
             font.setPointSizeF(spec.size);
             font.setBold(spec.bold);
             font.setItalic(spec.italic);
-            found = fonts_.emplace(key, Font{font, QFontMetricsF(font, painter_.device())}).first;
+            found =
+                fonts_.emplace(key, Font{font, QFontMetricsF(font, painter_.device()), {}}).first;
         }
         lastSpec_ = spec;
         lastFont_ = &found->second;
         return found->second;
     }
 
-    void drawText(const DrawItem& item) {
-        const Font& f = font(item.font);
-        if (painter_.font() != f.font) {
-            painter_.setFont(f.font);
+    const ShapedLine& shaped(Font& f, const QString& text) {
+        const auto known = f.lines.find(text);
+        if (known != f.lines.end()) {
+            return known->second;
         }
-        painter_.setPen(Qt::black);
+        if (f.lines.size() >= kShapedLinesPerFont) {
+            f.lines.clear();
+        }
+        return f.lines.emplace(text, shape(text, f.font)).first->second;
+    }
+
+    // The text as one line without wrapping, shaped as drawing it would shape it.
+    ShapedLine shape(const QString& text, const QFont& font) const {
+        QTextLayout layout(text, font, painter_.device());
+        QTextOption option;
+        option.setWrapMode(QTextOption::NoWrap);
+        layout.setTextOption(option);
+        layout.beginLayout();
+        QTextLine line = layout.createLine();
+        layout.endLayout();
+        ShapedLine shaped;
+        if (!line.isValid()) {
+            return shaped;
+        }
+        shaped.width = line.horizontalAdvance();
+        // The runs come placed below the line's top; the baseline is what the caller knows.
+        const QPointF toBaseline(0, -line.ascent());
+        for (QGlyphRun run : line.glyphRuns()) {
+            QList<QPointF> positions = run.positions();
+            for (QPointF& position : positions) {
+                position += toBaseline;
+            }
+            run.setPositions(positions);
+            shaped.runs.append(std::move(run));
+        }
+        return shaped;
+    }
+
+    void drawText(const DrawItem& item) {
+        Font& f = font(item.font);
         const QRectF rect = map(item.rect);
         if (item.wrap) {
+            painter_.setPen(Qt::black);
+            if (painter_.font() != f.font) {
+                painter_.setFont(f.font);
+            }
             painter_.drawText(rect, int(item.alignment | Qt::AlignTop | Qt::TextWordWrap),
                               item.text);
             return;
         }
-        // One line, placed from its measured width: no text layout needed.
+        // One line, placed from its shaped width; too wide, it ends in an ellipsis.
         const QFontMetricsF& metrics = f.metrics;
-        QString shown = item.text;
-        double width = metrics.horizontalAdvance(shown);
-        if (width > rect.width()) {
-            shown = metrics.elidedText(item.text, Qt::ElideRight, rect.width());
-            width = metrics.horizontalAdvance(shown);
+        const ShapedLine* line = &shaped(f, item.text);
+        if (line->width > rect.width()) {
+            line = &shaped(f, metrics.elidedText(item.text, Qt::ElideRight, rect.width()));
         }
         double x = rect.left();
         if (item.alignment & Qt::AlignRight) {
-            x = rect.right() - width;
+            x = rect.right() - line->width;
         } else if (item.alignment & Qt::AlignHCenter) {
-            x = rect.left() + (rect.width() - width) / 2;
+            x = rect.left() + (rect.width() - line->width) / 2;
         }
-        const double baseline =
-            rect.top() + (rect.height() - metrics.height()) / 2 + metrics.ascent();
-        painter_.drawText(QPointF(x, baseline), shown);
+        const QPointF baseline(
+            x, rect.top() + (rect.height() - metrics.height()) / 2 + metrics.ascent());
+        for (const QGlyphRun& run : line->runs) {
+            queue(run, baseline);
+        }
+    }
+
+    // Lines of text in one font that follow each other on a page go to the device as one
+    // run: in a PDF every run drawn opens a text object with its own state, about as large
+    // as a short text itself, and all of it is compressed again.
+    void queue(const QGlyphRun& run, const QPointF& at) {
+        if (!queued_.glyphs.isEmpty() && queued_.font != run.rawFont()) {
+            drawQueuedText();
+        }
+        queued_.font = run.rawFont();
+        queued_.glyphs += run.glyphIndexes();
+        for (const QPointF& position : run.positions()) {
+            queued_.positions.append(position + at);
+        }
+    }
+
+    void drawQueuedText() {
+        if (queued_.glyphs.isEmpty()) {
+            return;
+        }
+        QGlyphRun run;
+        run.setRawFont(queued_.font);
+        run.setGlyphIndexes(queued_.glyphs);
+        run.setPositions(queued_.positions);
+        painter_.setPen(Qt::black);
+        painter_.drawGlyphRun(QPointF(), run);
+        queued_.glyphs.clear();
+        queued_.positions.clear();
     }
 
     // A zoomed picture fills its control as far as its proportions allow; any other is
@@ -146,7 +233,12 @@ private:
     double sx_, sy_;
     std::unordered_map<QString, Font> fonts_;
     std::optional<FontSpec> lastSpec_;
-    const Font* lastFont_ = nullptr;
+    Font* lastFont_ = nullptr;
+    struct {
+        QRawFont font;
+        QList<quint32> glyphs;
+        QList<QPointF> positions;
+    } queued_;
 };
 
 // Flushes the folder so that a renamed file keeps its name after a power cut.

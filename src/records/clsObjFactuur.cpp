@@ -19,11 +19,20 @@ const clsObjArtikelPerFactuur* lineOfArticle(const QList<clsObjArtikelPerFactuur
 
 }  // namespace
 
+const clsObjKlant& clsObjFactuur::Klant() const {
+    static const clsObjKlant none;
+    return m_Klant ? *m_Klant : none;
+}
+
+void clsObjFactuur::setKlant(const clsObjKlant& value) {
+    m_Klant = std::make_shared<const clsObjKlant>(value);
+}
+
 void clsObjFactuur::LaadKlant() {
-    clsObjKlant klant;
-    klant.setKlantID(m_KlantID);
-    klant.Ophalen();
-    m_Klant = klant;
+    auto klant = std::make_shared<clsObjKlant>();
+    klant->setKlantID(m_KlantID);
+    klant->Ophalen();
+    m_Klant = std::move(klant);
 }
 
 void clsObjFactuur::LaadArtikelenPerFactuur() {
@@ -34,8 +43,8 @@ void clsObjFactuur::LaadArtikelenPerFactuur() {
 }
 
 void clsObjFactuur::OpslaanFactuur() {
-    m_KlantID = m_Klant.KlantID();
-    m_Klantnaam = m_Klant.Bedrijfsnaam();
+    m_KlantID = Klant().KlantID();
+    m_Klantnaam = Klant().Bedrijfsnaam();
     if (m_FactuurId != 0) {
         Bijwerken();
     } else {
@@ -93,7 +102,7 @@ void clsObjFactuur::updateStoredLine(clsObjArtikelPerFactuur stored,
         clsObjArtikelPerFactuur::lineTotal(edited.Prijs(), edited.Aantal(), edited.Korting()));
     stored.setKortingsBedrag(
         clsObjArtikelPerFactuur::discountAmount(edited.Prijs(), edited.Aantal(), edited.Korting()));
-    if (!m_Klant.BTW()) {
+    if (!Klant().BTW()) {
         stored.setBTWBedrag(
             clsObjArtikelPerFactuur::vatAmount(stored.TotaalPrijs(), stored.BTWTarief()));
     }
@@ -110,7 +119,7 @@ void clsObjFactuur::insertLine(const clsObjArtikelPerFactuur& edited) const {
     line.setPrijs(edited.Prijs());
     // The VAT is taken from the line amount the editor worked out, and already holds the
     // invoice key, so the column follows the invoice's own VAT record.
-    line.setBTWBedrag(m_Klant.BTW() ? Currency()
+    line.setBTWBedrag(Klant().BTW() ? Currency()
                                     : clsObjArtikelPerFactuur::vatAmount(edited.TotaalPrijs(),
                                                                          edited.BTWTarief()));
     line.setTotaalPrijs(

@@ -3,6 +3,7 @@
 #include <QDateTime>
 #include <QList>
 #include <QString>
+#include <memory>
 
 #include "base/Currency.h"
 #include "records/clsObjArtikelPerFactuur.h"
@@ -25,8 +26,8 @@ public:
     void setArtikelenPerFactuur(const QList<clsObjArtikelPerFactuur>& value) {
         m_Artikelen = value;
     }
-    const clsObjKlant& Klant() const { return m_Klant; }
-    void setKlant(const clsObjKlant& value) { m_Klant = value; }
+    const clsObjKlant& Klant() const;
+    void setKlant(const clsObjKlant& value);
     qint32 FactuurId() const { return m_FactuurId; }
     void setFactuurId(qint32 value) { m_FactuurId = value; }
     const QString& Nummer() const { return m_Nummer; }
@@ -60,7 +61,9 @@ private:
     void insertLine(const clsObjArtikelPerFactuur& edited) const;
 
     QList<clsObjArtikelPerFactuur> m_Artikelen;
-    clsObjKlant m_Klant;
+    // Held apart and shared by copies: the list of every invoice makes 100,000 heads that
+    // never load their customer, and a customer is most of the size of a head.
+    std::shared_ptr<const clsObjKlant> m_Klant;
     qint32 m_FactuurId = 0;
     QString m_Nummer;
     QDateTime m_Datum = persist::zeroDate();

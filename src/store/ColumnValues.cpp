@@ -227,6 +227,13 @@ std::optional<QString> Reader::text(sqlite3_stmt* statement, int column) {
     return textOf(statement, column);
 }
 
+std::optional<QString> Reader::wholeNumberText(sqlite3_stmt* statement, int column) {
+    if (sqlite3_column_type(statement, column) != SQLITE_INTEGER) {
+        return std::nullopt;
+    }
+    return QString::number(int(sqlite3_column_int64(statement, column)));
+}
+
 QDateTime Reader::dateTime(sqlite3_stmt* statement, int column) {
     // Enough for every day of decades of invoices; texts with times of day may not all fit.
     constexpr std::size_t kKnownDates = 20000;

@@ -35,6 +35,9 @@ public:
     QVariant read(sqlite3_stmt* statement, int column, FieldType type);
     // A Text column's value as read gives it, straight as a QString; nothing for Null.
     static std::optional<QString> text(sqlite3_stmt* statement, int column);
+    // An Integer or Long column's value in digits, as read gives it and QVariant turns it
+    // into text; nothing unless it is stored as a whole number (Null included).
+    static std::optional<QString> wholeNumberText(sqlite3_stmt* statement, int column);
 
 private:
     QDateTime dateTime(sqlite3_stmt* statement, int column);

@@ -1,5 +1,7 @@
 #include "store/MemorySet.h"
 
+#include <sqlite3.h>
+
 #include "base/Currency.h"
 #include "store/Engine.h"
 #include "store/FieldConversion.h"
@@ -31,14 +33,37 @@ QString keyPart(const QVariant& value) {
     }
 }
 
+// SQLite's text of a query narrowed to the rows whose column holds one of the keys.
+QString narrowed(sqlite3_stmt* query, const Level::Keys& only) {
+    QString sql = QString::fromUtf8(sqlite3_sql(query)).trimmed();
+    while (sql.endsWith(u';')) {
+        sql.chop(1);
+    }
+    QStringList keys;
+    keys.reserve(only.values.size());
+    for (const qint64 key : only.values) {
+        keys.append(QString::number(key));
+    }
+    return QStringLiteral("SELECT * FROM (\n") + sql + QStringLiteral("\n) WHERE \"") +
+           QString(only.column).replace(u'"', QStringLiteral("\"\"")) + QStringLiteral("\" IN (") +
+           keys.join(u',') + u')';
+}
+
 }  // namespace
 
-std::shared_ptr<Level> Level::load(sqlite3* db, const QString& jetSql) {
+std::shared_ptr<Level> Level::load(sqlite3* db, const QString& jetSql,
+                                   const std::optional<Keys>& only) {
     engine::Statement statement = engine::prepare(db, jetSql);
     auto level = std::make_shared<Level>();
     // Described after the first step, when a schema changed elsewhere has been read.
     bool onRow = statement.step();
     level->columns = columns::Columns::of(statement.get());
+    if (only) {
+        // The narrowed query shows the same fields; through it SQLite would rename a name
+        // that two joined tables share, so the fields stay described from the query itself.
+        statement = engine::prepareNative(db, narrowed(statement.get(), *only));
+        onRow = statement.step();
+    }
     const QList<Field>& fields = level->columns.fields();
     columns::Reader reader;
     for (; onRow; onRow = statement.step()) {

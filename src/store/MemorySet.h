@@ -32,8 +32,16 @@ struct Level {
     QList<Row> rows;
     QList<Relation> relations;
 
-    // Runs a query of the program's SQL and keeps all its rows.
-    static std::shared_ptr<Level> load(sqlite3* db, const QString& jetSql);
+    // Whole-number keys a column's value must be one of.
+    struct Keys {
+        QString column;
+        QList<qint64> values;
+    };
+
+    // Runs a query of the program's SQL and keeps all its rows; with keys given only the rows
+    // whose column holds one of them, the fields described as the query has them.
+    static std::shared_ptr<Level> load(sqlite3* db, const QString& jetSql,
+                                       const std::optional<Keys>& only = std::nullopt);
     // The value(s) a relation matches on, as one key; none when one of them is Null.
     static std::optional<QString> relationKey(const QList<QVariant>& values,
                                               const QList<int>& columns);

@@ -31,10 +31,19 @@ QVariant ReadSet::value(int index) const {
 
 std::optional<QString> ReadSet::text(int index) const {
     requireRow();
-    if (columns().fields()[index].type != FieldType::Text) {
-        return Impl::text(index);
+    switch (columns().fields()[index].type) {
+        case FieldType::Text:
+            return reader_.text(statement_.get(), index);
+        case FieldType::Integer:
+        case FieldType::Long:
+            // Numbers kept in a text field (an invoice's number) need no QVariant between.
+            if (auto digits = columns::Reader::wholeNumberText(statement_.get(), index)) {
+                return digits;
+            }
+            return Impl::text(index);
+        default:
+            return Impl::text(index);
     }
-    return reader_.text(statement_.get(), index);
 }
 
 void ReadSet::close() {

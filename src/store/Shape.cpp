@@ -1,5 +1,7 @@
 #include "store/Shape.h"
 
+#include <algorithm>
+
 #include "store/Engine.h"
 
 namespace shape {
@@ -171,6 +173,40 @@ int columnOf(const Level& level, const QString& name) {
     return index;
 }
 
+// Past this many parent rows a child is read whole: a list of keys that long costs SQLite
+// more than the rows it leaves out cost us.
+constexpr qsizetype kMostKeys = 10000;
+
+// A child related on one whole-number column needs only the rows of the parent's keys: an
+// invoice printed from years of invoices reads its own lines, not every line there is.
+// None where the child must be read whole.
+std::optional<Level::Keys> relatedKeys(const Level& parent, const Append& append,
+                                       const QList<int>& parentColumns) {
+    if (parentColumns.size() != 1 || parent.rows.size() > kMostKeys ||
+        append.relations.first().second.contains(u'.')) {
+        return std::nullopt;
+    }
+    const int column = parentColumns.first();
+    const FieldType type = parent.columns.fields()[column].type;
+    if (type != FieldType::Long && type != FieldType::Integer) {
+        return std::nullopt;
+    }
+    Level::Keys keys{append.relations.first().second, {}};
+    for (const Level::Row& row : parent.rows) {
+        const QVariant& value = row.values[column];
+        if (value.typeId() != QMetaType::Int && value.typeId() != QMetaType::LongLong) {
+            if (value.isValid()) {
+                return std::nullopt;  // a value the column's kind did not hold
+            }
+            continue;  // Null relates to nothing
+        }
+        keys.values.append(value.toLongLong());
+    }
+    std::sort(keys.values.begin(), keys.values.end());
+    keys.values.erase(std::unique(keys.values.begin(), keys.values.end()), keys.values.end());
+    return keys;
+}
+
 }  // namespace
 
 bool isShape(const QString& text) {
@@ -183,15 +219,19 @@ Command parse(const QString& text) {
     return Parser(text).parseAll();
 }
 
-std::shared_ptr<Level> build(sqlite3* db, const Command& command) {
-    std::shared_ptr<Level> level = Level::load(db, command.sql);
+std::shared_ptr<Level> build(sqlite3* db, const Command& command,
+                             const std::optional<Level::Keys>& only) {
+    std::shared_ptr<Level> level = Level::load(db, command.sql, only);
     for (const Append& append : command.appends) {
         Level::Relation relation;
         relation.name = append.name;
-        relation.child = build(db, append.command);
-        for (const auto& [parent, child] : append.relations) {
-            relation.parentColumns.append(columnOf(*level, parent));
-            relation.childColumns.append(columnOf(*relation.child, child));
+        for (const auto& relate : append.relations) {
+            relation.parentColumns.append(columnOf(*level, relate.first));
+        }
+        relation.child =
+            build(db, append.command, relatedKeys(*level, append, relation.parentColumns));
+        for (const auto& relate : append.relations) {
+            relation.childColumns.append(columnOf(*relation.child, relate.second));
         }
         const QList<Level::Row>& rows = relation.child->rows;
         for (int row = 0; row < rows.size(); ++row) {

@@ -30,7 +30,9 @@ struct Append {
 bool isShape(const QString& text);
 Command parse(const QString& text);
 
-// Runs every query of the command once and relates the rows in memory.
-std::shared_ptr<Level> build(sqlite3* db, const Command& command);
+// Runs every query of the command once and relates the rows in memory; only, when given,
+// narrows the command's own query as Level::load does.
+std::shared_ptr<Level> build(sqlite3* db, const Command& command,
+                             const std::optional<Level::Keys>& only = std::nullopt);
 
 }  // namespace shape

@@ -18,6 +18,38 @@ Qt::Alignment withVerticalCentre(Qt::Alignment alignment) {
     return (alignment & Qt::AlignVertical_Mask) ? alignment : alignment | Qt::AlignVCenter;
 }
 
+// Where cell col of a tab-separated line starts and ends; both are -1 when the line has
+// fewer cells.
+struct CellSpan {
+    qsizetype begin = -1;
+    qsizetype end = -1;
+};
+
+CellSpan cellSpan(QStringView line, int col) {
+    qsizetype begin = 0;
+    for (int i = 0; i < col; ++i) {
+        const qsizetype tab = line.indexOf(u'\t', begin);
+        if (tab < 0) {
+            return {};
+        }
+        begin = tab + 1;
+    }
+    const qsizetype tab = line.indexOf(u'\t', begin);
+    return {begin, tab < 0 ? line.size() : tab};
+}
+
+// The line cut after its first cols cells.
+QString firstCells(QString line, int cols) {
+    if (cols == 0) {
+        return QString();
+    }
+    const CellSpan last = cellSpan(line, cols - 1);
+    if (last.end >= 0 && last.end < line.size()) {
+        line.truncate(last.end);
+    }
+    return line;
+}
+
 }  // namespace
 
 // ---- GridModel ----
@@ -106,9 +138,7 @@ void GridModel::setCols(int cols) {
         alignments_.resize(cols, defaultAlignment);
         if (shrinking) {
             for (Row& row : rows_) {
-                if (row.cells.size() > cols) {
-                    row.cells.resize(cols);
-                }
+                row.line = firstCells(std::move(row.line), cols);
             }
         }
     });
@@ -118,7 +148,12 @@ QString GridModel::text(int row, int col) const {
     if (!valid(row, col)) {
         return {};
     }
-    return row == 0 ? headers_[col] : rows_[row - 1].cells.value(col);
+    if (row == 0) {
+        return headers_[col];
+    }
+    const QString& line = rows_[row - 1].line;
+    const CellSpan cell = cellSpan(line, col);
+    return cell.begin < 0 ? QString() : line.mid(cell.begin, cell.end - cell.begin);
 }
 
 void GridModel::setText(int row, int col, const QString& text) {
@@ -128,11 +163,14 @@ void GridModel::setText(int row, int col, const QString& text) {
     if (row == 0) {
         headers_[col] = text;
     } else {
-        QStringList& cells = rows_[row - 1].cells;
-        if (cells.size() <= col) {
-            cells.resize(col + 1);
+        QString& line = rows_[row - 1].line;
+        CellSpan cell = cellSpan(line, col);
+        if (cell.begin < 0) {
+            const qsizetype tabs = line.count(u'\t');
+            line += QString(col - tabs, u'\t');
+            cell = {line.size(), line.size()};
         }
-        cells[col] = text;
+        line.replace(cell.begin, cell.end - cell.begin, QString(text).replace(u'\t', u' '));
     }
     announceChange(row, col);
 }
@@ -149,29 +187,29 @@ void GridModel::announceChange(int row, int col) {
     }
 }
 
+// Every column's cell, also the empty ones a short line leaves out.
 QString GridModel::rowText(int row) const {
-    QString line;
-    for (int col = 0; col < cols_; ++col) {
-        if (col > 0) {
-            line += u'\t';
+    if (row < 1 || row >= rows()) {
+        QStringList cells;
+        for (int col = 0; col < cols_; ++col) {
+            cells.append(text(row, col));
         }
-        line += text(row, col);
+        return cells.join(u'\t');
     }
-    return line;
+    const QString& line = rows_[row - 1].line;
+    const qsizetype missing = cols_ - 1 - line.count(u'\t');
+    return missing > 0 ? line + QString(missing, u'\t') : line;
 }
 
 void GridModel::addRow(const QString& cells) {
-    QStringList split = cells.split(u'\t');
-    if (split.size() > cols_) {
-        split.resize(cols_);
-    }
+    Row added{firstCells(cells, cols_), 0};
     if (batched_) {
-        changeRows([&] { rows_.append({std::move(split), 0}); });
+        changeRows([&] { rows_.append(std::move(added)); });
         return;
     }
     const int at = static_cast<int>(rows_.size());
     beginInsertRows({}, at, at);
-    rows_.append({std::move(split), 0});
+    rows_.append(std::move(added));
     endInsertRows();
 }
 
@@ -187,7 +225,7 @@ void GridModel::setRowData(int row, int data) {
 
 void GridModel::clearTexts() {
     for (Row& row : rows_) {
-        row.cells.clear();
+        row.line.clear();
     }
     headers_.fill(QString());
     if (resetPending_ || cols_ == 0) {
@@ -222,8 +260,8 @@ QList<int> GridModel::sortedOrder(int col, Qt::SortOrder order) const {
     collator.setCaseSensitivity(Qt::CaseInsensitive);
     std::vector<QCollatorSortKey> keys;
     keys.reserve(rows_.size());
-    for (const Row& row : rows_) {
-        keys.push_back(collator.sortKey(row.cells.value(col)));
+    for (int row = 1; row < rows(); ++row) {
+        keys.push_back(collator.sortKey(text(row, col)));
     }
 
     QList<int> sorted(rows_.size());

@@ -23,6 +23,7 @@ public:
     void setCols(int cols);
 
     QString text(int row, int col) const;
+    // A cell never holds a tab: one in the text becomes a blank.
     void setText(int row, int col, const QString& text);
     // The row's cells joined by tabs.
     QString rowText(int row) const;
@@ -45,8 +46,10 @@ public:
     bool resetPending() const { return resetPending_; }
 
 private:
+    // A row is kept as the line it was added as, its cells separated by tabs: a list of
+    // 100,000 rows then costs one string per row, and the cells are found when asked for.
     struct Row {
-        QStringList cells;
+        QString line;
         int data = 0;
     };
 

@@ -40,18 +40,9 @@ bool clsFlexgrid::search(Direction direction) {
     return found > 0;
 }
 
-// A text without a tab can only lie within one cell, so the cells are tested one by one:
-// the same answer as the joined row, without building a line for every row.
+// The row's line as the grid keeps it: a text without a tab can only match within one cell.
 bool clsFlexgrid::matches(int row) const {
-    if (text_.isEmpty() || text_.contains(u'\t')) {
-        return grid_.rowText(row).toLower().contains(text_);
-    }
-    for (int col = 0; col < grid_.cols(); ++col) {
-        if (grid_.textMatrix(row, col).toLower().contains(text_)) {
-            return true;
-        }
-    }
-    return false;
+    return grid_.rowText(row).toLower().contains(text_);
 }
 
 int clsFlexgrid::findForward() const {

@@ -30,11 +30,24 @@ TEST_F(RegionalDutch, AmountsAsPlainTextAreExactToFourDecimals) {
 }
 
 TEST_F(RegionalDutch, AmountsAsCurrencyHaveSignGroupingAndTwoDecimals) {
-    EXPECT_EQ(Regional::currencyText(Currency::fromDouble(1234.5)), QStringLiteral("€ 1.234,50"));
-    EXPECT_EQ(Regional::currencyText(Currency::fromDouble(-1234.5678)),
-              QStringLiteral("€ -1.234,57"));
-    EXPECT_EQ(Regional::currencyText(Currency::fromDouble(0.125)), QStringLiteral("€ 0,13"));
-    EXPECT_EQ(Regional::currencyText(Currency::fromDouble(-0.005)), QStringLiteral("€ -0,01"));
+    const std::pair<Currency, QString> cases[] = {
+        {Currency::fromDouble(1234.5), QStringLiteral("€ 1.234,50")},
+        {Currency::fromDouble(-1234.5678), QStringLiteral("€ -1.234,57")},
+        {Currency::fromDouble(0.125), QStringLiteral("€ 0,13")},
+        {Currency::fromDouble(-0.005), QStringLiteral("€ -0,01")},
+        {Currency(), QStringLiteral("€ 0,00")},
+        // Less than half a cent below zero shows no sign before the zero.
+        {Currency::fromRaw(-49), QStringLiteral("€ 0,00")},
+        {Currency::fromDouble(999.995), QStringLiteral("€ 1.000,00")},
+        {Currency::fromDouble(100), QStringLiteral("€ 100,00")},
+        {Currency::fromDouble(1234567.891), QStringLiteral("€ 1.234.567,89")},
+        // Exact at the ends of the range, where a floating-point number has lost the cents.
+        {Currency::max(), QStringLiteral("€ 922.337.203.685.477,58")},
+        {Currency::min(), QStringLiteral("€ -922.337.203.685.477,58")},
+    };
+    for (const auto& [amount, text] : cases) {
+        EXPECT_EQ(Regional::currencyText(amount), text) << amount.raw();
+    }
 }
 
 TEST_F(RegionalDutch, DatesShowTheirTimeOnlyWhenTheyHaveOne) {

@@ -261,6 +261,35 @@ TEST_F(RecordsTest, TheVatColumnOfALineFollowsTheRateItIsOrIsNearestToAndTheFirs
     }
 }
 
+// The list of every invoice reads each number column as its digits, whatever SQLite stored.
+TEST_F(RecordsTest, TheInvoiceListReadsNumbersAsDigitsAndNoNumberAsZero) {
+    db.exec(
+        "INSERT INTO Factuur (FactuurID, Nummer) VALUES (1, 2024001), (2, NULL), (3, 12.0), "
+        "(4, -7), (5, '31')");
+    QStringList numbers;
+    for (const clsObjFactuur& factuur : clsObjFactuur().Lijst("FactuurID<=5")) {
+        numbers << factuur.Nummer();
+    }
+    EXPECT_EQ(numbers.join(' '), "2024001 0 12 -7 31");
+}
+
+// An invoice without a customer has the empty one; a copy given another customer leaves
+// the original's alone.
+TEST_F(RecordsTest, AnInvoiceCopyTakesAnotherCustomerOnItsOwn) {
+    clsObjFactuur original;
+    EXPECT_EQ(original.Klant().KlantID(), 0);
+    clsObjKlant first;
+    first.setBedrijfsnaam("Garage Zuid");
+    original.setKlant(first);
+    first.setBedrijfsnaam("later");
+    clsObjFactuur copy = original;
+    clsObjKlant second;
+    second.setBedrijfsnaam("Stichting Nul");
+    copy.setKlant(second);
+    EXPECT_EQ(original.Klant().Bedrijfsnaam(), "Garage Zuid");
+    EXPECT_EQ(copy.Klant().Bedrijfsnaam(), "Stichting Nul");
+}
+
 // An invoice as the invoice editor builds it; a log shows how its head row is written.
 class InvoiceSave : public RecordsTest {
 protected:

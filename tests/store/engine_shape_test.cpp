@@ -78,6 +78,28 @@ TEST_F(ShapeTest, InvoiceCommandGivesEachInvoiceItsLinesAndEachLineItsArticle) {
     EXPECT_EQ(errorOf([&] { none->child("cmdArtikelPerFactuur"); }), 3021);
 }
 
+// A child is read for its parents' keys alone, yet keeps the fields its own query has: a
+// name two joined tables share keeps its name and its table.
+TEST_F(ShapeTest, AChildReadForItsParentsKeysKeepsTheFieldsOfItsQuery) {
+    auto invoices = db.openUpdatableSet(
+        "SHAPE {SELECT * FROM Factuur WHERE FactuurID IN (1, 2)} APPEND ({SELECT * FROM "
+        "ArtikelPerFactuur, Artikel WHERE ArtikelPerFactuur.ArtikelId = Artikel.ArtikelID;} "
+        "RELATE 'FactuurID' TO 'FactuurID') AS regels");
+    QStringList seen;
+    for (; !invoices->isEOF(); invoices->moveNext()) {
+        Recordset& lines = invoices->child("regels");
+        for (; !lines.isEOF(); lines.moveNext()) {
+            const int articlePrice = lines.fieldIndex("Artikel.Prijs");
+            EXPECT_NE(articlePrice, lines.fieldIndex("ArtikelPerFactuur.Prijs"));
+            EXPECT_EQ(lines.field(articlePrice).name, "Prijs");
+            seen << invoices->value("Nummer").toString() + u' ' +
+                        lines.value("Omschrijving").toString() + u' ' +
+                        QString::number(lines.value("Artikel.Prijs").value<Currency>().raw());
+        }
+    }
+    EXPECT_EQ(seen, (QStringList{"1001 Hamer 125000", "1001 Zaag 199900", "1002 Zaag 199900"}));
+}
+
 TEST_F(ShapeTest, MalformedCommandsAreRefused) {
     const std::pair<const char*, long> cases[] = {
         {"SHAPE {SELECT * FROM Factuur", 3131},

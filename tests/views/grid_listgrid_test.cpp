@@ -23,6 +23,38 @@ TEST_F(GridTest, RowZeroIsTheHeaderAndCellsComeFromTabs) {
     EXPECT_EQ(grid.model()->data(grid.model()->index(1, 1)).toString(), "de Vries");
 }
 
+// A cell written into a row keeps the row's other cells where they were, also in a row
+// added with fewer cells; a tab in the text cannot split the row.
+TEST_F(GridTest, AWrittenCellLeavesTheOtherCellsInPlace) {
+    const struct {
+        const char* added;
+        int col;
+        const char* text;
+        const char* row;
+    } cases[] = {
+        {"1001\tJansen\tAmsterdam", 1, "Smit", "1001\tSmit\tAmsterdam"},
+        {"1001\tJansen\tAmsterdam", 0, "", "\tJansen\tAmsterdam"},
+        {"1001\tJansen\tAmsterdam", 2, "Den\tHaag", "1001\tJansen\tDen Haag"},
+        {"1001", 2, "Utrecht", "1001\t\tUtrecht"},
+        {"", 1, "Smit", "\tSmit\t"},
+    };
+    for (const auto& c : cases) {
+        fill({QString::fromUtf8(c.added)});
+        grid.setTextMatrix(1, c.col, QString::fromUtf8(c.text));
+        EXPECT_EQ(grid.rowText(1), QString::fromUtf8(c.row)) << c.added << " col " << c.col;
+        EXPECT_EQ(grid.textMatrix(1, c.col), QString::fromUtf8(c.text).replace(u'\t', u' '));
+    }
+}
+
+TEST_F(GridTest, FewerColumnsDropTheCellsPastTheLastAndMoreShowThemEmpty) {
+    fill(customers);
+    grid.setCols(2);
+    EXPECT_EQ(grid.rowText(1), "1001\tJansen");
+    grid.setCols(3);
+    EXPECT_EQ(grid.rowText(1), "1001\tJansen\t");
+    EXPECT_EQ(grid.textMatrix(1, 2), "");
+}
+
 // Set through the grid's properties, or by a user dragging or shift-clicking.
 enum class Way { Set, Drag, ShiftClick };
 struct SelectionCase {
