@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QList>
+#include <QObject>
 #include <functional>
 #include <memory>
 
@@ -37,4 +38,5 @@ public:
 
 private:
     QList<std::shared_ptr<PreviewController>> open_;
+    QObject lifetime_;  // a drop still pending when the previews go is not run
 };
