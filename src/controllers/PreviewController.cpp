@@ -34,10 +34,7 @@ void PreviewController::start() {
 }
 
 void PreviewController::afdrukken() {
-    if (!clsPrinter::ShowPrinter()) {
-        return;
-    }
-    if (!clsPrinter::print(document_)) {
+    if (clsPrinter::print(document_) == clsPrinter::Printed::Failed) {
         ui::message(QStringLiteral("Het afdrukken is mislukt. Controleer de printer en probeer "
                                    "het opnieuw."),
                     QStringLiteral("Afdrukken"), ui::Icon::Exclamation);

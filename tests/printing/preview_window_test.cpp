@@ -79,34 +79,6 @@ QStringList paperNames(const QString& path) {
     return names;
 }
 
-// Printing goes through the printer set up as the program sets it up, here printing to a
-// file: it gets the pages the preview shows, with the same text as the PDF the preview
-// saves, on A4 paper; a printer that is not installed counts as A4 paper too.
-TEST_F(PreviewWindowTest, ThePrinterGetsThePagesThePreviewShows) {
-    const report::Document document = invoices();
-    frmVoorbeeld window;
-    window.setDocument(&document);
-    window.showModeless();
-    const int shown = window.findChild<QPrintPreviewWidget*>("pvwPaginas")->pageCount();
-    ASSERT_GT(shown, 2);
-
-    clsPrinter::setCurrentPrinterName("Lindebrug niet geïnstalleerd");
-    EXPECT_NEAR(clsPrinter::currentPageWidth(), 210 / 25.4 * 1440, 20);  // within a point
-    QPrinter printer(QPrinter::HighResolution);
-    clsPrinter::prepare(printer, document.title);
-    clsPrinter::setCurrentPrinterName(QString());
-    printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setOutputFileName(pdf("afgedrukt.pdf"));
-    ASSERT_TRUE(report::render(document, printer));
-    ASSERT_TRUE(report::writePdf(document, pdf("opgeslagen.pdf")));
-
-    const QStringList printed = pages(pdf("afgedrukt.pdf"));
-    EXPECT_EQ(printed.size(), shown);
-    EXPECT_EQ(printed, pages(pdf("opgeslagen.pdf")));
-    EXPECT_TRUE(printed.value(0).contains("FACTUURBEDRAG"));
-    EXPECT_EQ(paperNames(pdf("afgedrukt.pdf")), QStringList(shown, "A4"));
-}
-
 // A message box that comes up as a window hides, with a loop of its own: it runs whatever
 // the program queued before it. What it saw is reported when it is closed.
 class BoxOnHide : public QObject {
@@ -168,6 +140,43 @@ TEST_F(ShownPreviewTest, AClosedPreviewGoesOnlyWhenTheLoopThatClosedItHasControl
     EXPECT_TRUE(windowDuringBox);
     EXPECT_EQ(previews.openCount(), 0);
     EXPECT_TRUE(window.isNull());
+}
+
+// A print dialog in which the user chooses to print to a file.
+struct PrintToFile : RecordingUiService {
+    explicit PrintToFile(QString path) : path(std::move(path)) { printerConfirmed = true; }
+    bool choosePrinter(QPrinter& printer) override {
+        paper = printer.pageLayout().pageSize().id();
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(path);
+        return RecordingUiService::choosePrinter(printer);
+    }
+    QString path;
+    QPageSize::PageSizeId paper = QPageSize::Custom;
+};
+
+// Afdrukken prints what the preview shows as the user set it up in the print dialog, here
+// to a file: the same pages, with the same text as the PDF the preview saves, on A4. With
+// the current printer not installed, the dialog starts at A4 and the paper counts as A4.
+TEST_F(ShownPreviewTest, AfdrukkenPrintsThePagesThePreviewShows) {
+    ASSERT_FALSE(window.isNull());
+    const int shown = window->findChild<QPrintPreviewWidget*>("pvwPaginas")->pageCount();
+    ASSERT_GT(shown, 2);
+    clsPrinter::setCurrentPrinterName("Lindebrug niet geïnstalleerd");
+    EXPECT_NEAR(clsPrinter::currentPageWidth(), 210 / 25.4 * 1440, 20);  // within a point
+    PrintToFile dialog(pdf("afgedrukt.pdf"));
+    window->findChild<QPushButton*>("cmdAfdrukken")->click();
+    clsPrinter::setCurrentPrinterName(QString());
+    EXPECT_EQ(dialog.printerDialogs, 1);
+    EXPECT_EQ(dialog.paper, QPageSize::A4);
+    EXPECT_TRUE(dialog.messages.isEmpty());
+
+    ASSERT_TRUE(report::writePdf(invoices(), pdf("opgeslagen.pdf")));
+    const QStringList printed = pages(pdf("afgedrukt.pdf"));
+    EXPECT_EQ(printed.size(), shown);
+    EXPECT_EQ(printed, pages(pdf("opgeslagen.pdf")));
+    EXPECT_TRUE(printed.value(0).contains("FACTUURBEDRAG"));
+    EXPECT_EQ(paperNames(pdf("afgedrukt.pdf")), QStringList(shown, "A4"));
 }
 
 }  // namespace
