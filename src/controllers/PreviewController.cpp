@@ -70,6 +70,12 @@ void PreviewController::hide() {
     }
 }
 
+ReportPreviews::~ReportPreviews() {
+    if (report::presenter() == this) {
+        report::installPresenter(nullptr);
+    }
+}
+
 std::shared_ptr<report::ShownReport> ReportPreviews::present(const report::Document& document) {
     // A closed preview goes once the loop that closed it has control again: a print dialog
     // or a message box opened from the preview runs a loop of its own while the preview's

@@ -33,6 +33,7 @@ private:
 // its window is closed. The program installs one as the report presenter.
 class ReportPreviews : public report::Presenter {
 public:
+    ~ReportPreviews() override;
     std::shared_ptr<report::ShownReport> present(const report::Document& document) override;
     qsizetype openCount() const { return open_.size(); }
 
