@@ -197,8 +197,8 @@ TEST(InvoiceForms, TheEditorFitsTheFrameAtTwiceTheSize) {
                        {"BTW 21%", "€ 2.558,92"},
                        {"BTW 9%", "€ 1,00"},
                        {"Totaal incl. BTW", "€ 14.840,47"}});
-    editor.resize(620, 330);
     editor.show();
+    editor.resize(620, 330);
     QApplication::processEvents();
     EXPECT_EQ(editor.size(), QSize(620, 330));
     for (const char* name : {"cmdOK", "cmdAnnuleren"}) {
