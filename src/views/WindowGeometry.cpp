@@ -73,8 +73,8 @@ private:
         fitInto(*target, area);
     }
 
-    // A frame smaller than the screen was (a smaller display, a larger font) shows the whole
-    // screen, shrunk to the frame if need be, so none of its buttons is out of reach.
+    // A screen larger than the frame is now (a smaller display, a larger font) shrinks to
+    // the frame and moves into it, so none of its buttons is out of reach.
     static void fitInto(QWidget& target, const QRect& area) {
         if (area.isEmpty()) {
             return;
