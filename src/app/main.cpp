@@ -15,10 +15,12 @@ int main(int argc, char* argv[]) {
     QtUiService uiService;
     ui::install(&uiService);
     installQtViews();
-    ReportPreviews previews;
-    report::installPresenter(&previews);
 
     frmFactuur window;
+    // The previews sit in the frame but belong to their controller: they must end before
+    // the frame deletes what sits in it.
+    ReportPreviews previews;
+    report::installPresenter(&previews);
     if (!window.startUp()) {
         return EXIT_FAILURE;
     }

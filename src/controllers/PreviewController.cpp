@@ -1,10 +1,10 @@
 #include "controllers/PreviewController.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QRegularExpression>
 
 #include "base/UiService.h"
+#include "controllers/BackInLoop.h"
 #include "controllers/ViewFactory.h"
 #include "printing/ReportRenderer.h"
 #include "printing/clsPrinter.h"
@@ -34,10 +34,7 @@ void PreviewController::start() {
 }
 
 void PreviewController::afdrukken() {
-    if (!clsPrinter::ShowPrinter()) {
-        return;
-    }
-    if (!clsPrinter::print(document_)) {
+    if (clsPrinter::print(document_) == clsPrinter::Printed::Failed) {
         ui::message(QStringLiteral("Het afdrukken is mislukt. Controleer de printer en probeer "
                                    "het opnieuw."),
                     QStringLiteral("Afdrukken"), ui::Icon::Exclamation);
@@ -73,15 +70,20 @@ void PreviewController::hide() {
     }
 }
 
+ReportPreviews::~ReportPreviews() {
+    if (report::presenter() == this) {
+        report::installPresenter(nullptr);
+    }
+}
+
 std::shared_ptr<report::ShownReport> ReportPreviews::present(const report::Document& document) {
-    // A closed preview goes once its window has finished handling the close.
+    // A closed preview goes once the loop that closed it has control again: a print dialog
+    // or a message box opened from the preview runs a loop of its own while the preview's
+    // code is still on the stack.
     auto preview = std::make_shared<PreviewController>(document, [this](PreviewController* closed) {
-        QMetaObject::invokeMethod(
-            QCoreApplication::instance(),
-            [this, closed] {
-                open_.removeIf([closed](const auto& open) { return open.get() == closed; });
-            },
-            Qt::QueuedConnection);
+        whenBackInLoop(lifetime_, [this, closed] {
+            open_.removeIf([closed](const auto& open) { return open.get() == closed; });
+        });
     });
     open_.append(preview);
     preview->start();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QList>
+#include <QObject>
 #include <functional>
 #include <memory>
 
@@ -32,9 +33,11 @@ private:
 // its window is closed. The program installs one as the report presenter.
 class ReportPreviews : public report::Presenter {
 public:
+    ~ReportPreviews() override;
     std::shared_ptr<report::ShownReport> present(const report::Document& document) override;
     qsizetype openCount() const { return open_.size(); }
 
 private:
     QList<std::shared_ptr<PreviewController>> open_;
+    QObject lifetime_;  // a drop still pending when the previews go is not run
 };

@@ -44,9 +44,7 @@ QString clsPrinter::matchPrinter(const QString& chosen, const QStringList& insta
     return QString();
 }
 
-bool clsPrinter::ShowPrinter() {
-    QPrinter printer;
-    prepare(printer, QString());
+bool clsPrinter::ShowPrinter(QPrinter& printer) {
     if (!ui::service().choosePrinter(printer)) {
         return false;
     }
@@ -83,10 +81,13 @@ void clsPrinter::prepare(QPrinter& printer, const QString& documentName) {
     printer.setDocName(documentName);
 }
 
-bool clsPrinter::print(const report::Document& document) {
+clsPrinter::Printed clsPrinter::print(const report::Document& document) {
     QPrinter printer(QPrinter::HighResolution);
     prepare(printer, document.title);
-    return report::render(document, printer);
+    if (!ShowPrinter(printer)) {
+        return Printed::Cancelled;
+    }
+    return report::render(document, printer) ? Printed::Yes : Printed::Failed;
 }
 
 bool papierBreedGenoeg(double paginaBreedte, double reportWidth) {

@@ -11,9 +11,9 @@ class QPrinter;
 // printout until another is chosen. Until then it is the system's default printer.
 class clsPrinter {
 public:
-    // Shows the print dialog; on OK the installed printer whose name matches the choice
-    // becomes the current printer. False when the user cancelled.
-    static bool ShowPrinter();
+    // Shows the print dialog for printer; on OK the installed printer whose name matches the
+    // choice becomes the current printer. False when the user cancelled.
+    static bool ShowPrinter(QPrinter& printer);
 
     // The printer the name rule matches with the chosen name (upper case), among the
     // installed ones in their order; empty when none matches.
@@ -27,8 +27,10 @@ public:
     // The page width of the current printer's paper, in twips; A4 when there is no printer.
     static double currentPageWidth();
 
-    // Prints the pages on the current printer; false when printing failed.
-    static bool print(const report::Document& document);
+    enum class Printed { Yes, Cancelled, Failed };
+    // Shows the print dialog, starting at the current printer, and prints the pages as the
+    // user set them up there: the printer, the copies, or a file to print to.
+    static Printed print(const report::Document& document);
     // Sets a printer up for the current printer (preview, print dialog).
     static void prepare(QPrinter& printer, const QString& documentName);
 };

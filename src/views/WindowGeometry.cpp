@@ -6,6 +6,7 @@
 #include <QScreen>
 #include <QSettings>
 #include <QWidget>
+#include <algorithm>
 
 namespace {
 
@@ -53,22 +54,38 @@ private:
     }
 
     void restore() const {
-        const QVariant saved = settings().value(key());
-        if (!saved.isValid()) {
-            return;
-        }
         QWidget* target = window();
+        const QVariant saved = settings().value(key());
         if (target->isWindow()) {
-            target->restoreGeometry(saved.toByteArray());
+            if (saved.isValid()) {
+                target->restoreGeometry(saved.toByteArray());
+            }
             return;
         }
         const QRect place = saved.toRect();
-        const QRect area = target->parentWidget() ? target->parentWidget()->rect() : QRect();
+        const QRect area = target->parentWidget()->rect();
         // A frame made smaller since keeps the size, but not a place out of its sight.
         if (place.isValid() && area.intersects(place)) {
             target->setGeometry(place);
         } else if (place.isValid()) {
             target->resize(place.size());
+        }
+        fitInto(*target, area);
+    }
+
+    // A screen larger than the frame is now (a smaller display, a larger font) shrinks to
+    // the frame and moves into it, so none of its buttons is out of reach.
+    static void fitInto(QWidget& target, const QRect& area) {
+        if (area.isEmpty()) {
+            return;
+        }
+        QRect place(target.pos(), target.size().boundedTo(area.size()));
+        place.moveRight(std::min(place.right(), area.right()));
+        place.moveBottom(std::min(place.bottom(), area.bottom()));
+        place.moveTopLeft(
+            QPoint(std::max(place.left(), area.left()), std::max(place.top(), area.top())));
+        if (place != target.geometry()) {
+            target.setGeometry(place);
         }
     }
 

@@ -18,6 +18,11 @@
 frmFactuurBewerken::frmFactuurBewerken(QWidget* parent)
     : QWidget(parent), ui_(std::make_unique<Ui::frmFactuurBewerken>()) {
     ui_->setupUi(this);
+    // A cramped window (a large font, a small screen) shrinks the lines' grid and then
+    // scrolls the form, but keeps a whole date or invoice number in sight.
+    const int fieldWidth = ui_->txtDatum->fontMetrics().horizontalAdvance(QStringLiteral("0")) * 13;
+    ui_->txtNummer->setMinimumWidth(fieldWidth);
+    ui_->txtDatum->setMinimumWidth(fieldWidth);
     fieldrules::filterKeys(ui_->txtNummer, fieldrules::kDigits, true);
     fieldrules::checkOnLeave(ui_->txtNummer, conv::isNumeric,
                              QStringLiteral("Ongeldige waarde ingevoerd"),

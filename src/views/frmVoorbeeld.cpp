@@ -7,6 +7,7 @@
 #include "printing/ReportRenderer.h"
 #include "ui_frmVoorbeeld.h"
 #include "views/QtPrintViews.h"
+#include "views/WindowGeometry.h"
 #include "views/frmFactuur.h"
 
 frmVoorbeeld::frmVoorbeeld(QWidget* parent) : QWidget(parent), ui_(new Ui::frmVoorbeeld) {
@@ -32,6 +33,7 @@ frmVoorbeeld::frmVoorbeeld(QWidget* parent) : QWidget(parent), ui_(new Ui::frmVo
     connect(ui_->cmdPaginabreedte, &QPushButton::clicked, pages, &QPrintPreviewWidget::fitToWidth);
     connect(ui_->cmdSluiten, &QPushButton::clicked, this, &QWidget::close);
     ui_->cmdAfdrukken->setDefault(true);
+    rememberGeometry(this);
 }
 
 frmVoorbeeld::~frmVoorbeeld() = default;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QPrinter>
 #include <QWidget>
 #include <memory>
 
@@ -30,7 +29,6 @@ protected:
 
 private:
     std::unique_ptr<Ui::frmVoorbeeld> ui_;
-    QPrinter printer_{QPrinter::ScreenResolution};
     const report::Document* document_ = nullptr;
     IPreviewEvents* events_ = nullptr;
 };

@@ -63,7 +63,7 @@ TEST_F(PreviewTest, AShownReportOpensAPreviewThatLivesUntilItIsClosed) {
     EXPECT_EQ(previews.openCount(), 2);
 
     preview.events->gesloten();
-    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(previews.openCount(), 1);
     EXPECT_EQ(views.open.size(), 1);
 }

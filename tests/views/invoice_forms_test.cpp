@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QTest>
 #include <QTimer>
 
@@ -182,6 +183,42 @@ TEST(InvoiceForms, ControlsAreNamedAndLabelled) {
     EXPECT_EQ(child<QLabel>(editor, "lblNummer").buddy(), &child<QLineEdit>(editor, "txtNummer"));
     EXPECT_EQ(child<QLabel>(editor, "lblDatum").buddy(), &child<QLineEdit>(editor, "txtDatum"));
     EXPECT_EQ(child<QLabel>(list, "lblZoek").buddy(), &child<QLineEdit>(list, "txtZoek"));
+}
+
+// A 1280 x 800 screen at 200 % leaves a screen in the frame about 620 x 330: the editor keeps
+// its buttons in sight and whole dates, and its form scrolls to every field, button and total.
+TEST(InvoiceForms, TheEditorFitsTheFrameAtTwiceTheSize) {
+    frmFactuurBewerken editor;
+    editor.setNummer("1000000000");
+    editor.setDatum("22-11-2026");
+    editor.setKlant(
+        {"Bakkerij De Linde", "Dhr. J. van Dijk", "Kerkstraat 12", "3511 AB Utrecht", "Nederland"});
+    editor.setTotalen({{"Totaal excl. BTW", "€ 12.280,55"},
+                       {"BTW 21%", "€ 2.558,92"},
+                       {"BTW 9%", "€ 1,00"},
+                       {"Totaal incl. BTW", "€ 14.840,47"}});
+    editor.show();
+    editor.resize(620, 330);
+    QApplication::processEvents();
+    EXPECT_EQ(editor.size(), QSize(620, 330));
+    for (const char* name : {"cmdOK", "cmdAnnuleren"}) {
+        QWidget& button = child<QWidget>(editor, name);
+        EXPECT_TRUE(editor.rect().contains(QRect(button.mapTo(&editor, QPoint()), button.size())))
+            << name;
+    }
+    auto& form = child<QScrollArea>(editor, "scrFactuur");
+    for (const char* name :
+         {"txtNummer", "txtDatum", "cmdSelecteerDatum", "lblKlant", "cmdKlantZoeken",
+          "fgrArtikelen", "cmdNieuw", "cmdBewerk", "cmdVerwijder", "lblTotaal0", "lblTotaal3"}) {
+        QWidget& control = child<QWidget>(editor, name);
+        form.ensureWidgetVisible(&control, 0, 0);
+        const QRect shown(control.mapTo(form.viewport(), QPoint()), control.size());
+        EXPECT_TRUE(form.viewport()->rect().contains(shown)) << name;
+    }
+    for (const char* name : {"txtNummer", "txtDatum"}) {
+        auto& field = child<QLineEdit>(editor, name);
+        EXPECT_GT(field.width(), field.fontMetrics().horizontalAdvance(field.text())) << name;
+    }
 }
 
 // The list as its controller made it, through the program's own factory for it.
