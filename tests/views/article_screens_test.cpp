@@ -6,8 +6,6 @@
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMdiArea>
-#include <QMdiSubWindow>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
@@ -27,7 +25,6 @@
 #include "views/frmArtikel.h"
 #include "views/frmArtikelBewerken.h"
 #include "views/frmBewerkRegel.h"
-#include "views/frmFactuur.h"
 
 namespace {
 
@@ -313,41 +310,6 @@ TEST_F(ArticleScreenTest, F1OpensTheArticlePageFromTheListAndTheEditScreenAndPri
 
     list->findChild<QPushButton*>("cmdAfdrukken")->click();
     EXPECT_EQ(ui.printerDialogs, 1) << "the user chooses the printer; cancelled, nothing printed";
-}
-
-// The register in the real frame: one screen, the close box cancels and ends it together with
-// its sub-window, and the menu opens a fresh one afterwards.
-TEST(ArticleInFrameTest, TheMenuOpensOneScreenAndItsCloseBoxEndsIt) {
-    TestDatabase database;
-    RecordingUiService ui;
-    installQtViews();
-    frmFactuur window{ShellServices{createProgramRegister, [] { return false; }}};
-    QTimer::singleShot(0, [] { QApplication::activeModalWidget()->close(); });
-    ASSERT_TRUE(window.startUp());
-    window.show();
-    auto* mdi = window.findChild<QMdiArea*>("mdiSchermen");
-    auto* menu = window.findChild<QAction*>("tlArtikelen");
-
-    menu->trigger();
-    menu->trigger();
-    ASSERT_EQ(mdi->subWindowList().size(), 1);
-    QPointer<QMdiSubWindow> sub = mdi->subWindowList().first();
-    QPointer<QWidget> screen = sub->widget();
-    EXPECT_EQ(screen->objectName(), "frmArtikel");
-    EXPECT_TRUE(sub->isVisible());
-
-    sub->close();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_TRUE(screen.isNull()) << "its controller went, and the screen with it";
-    EXPECT_TRUE(sub.isNull());
-    EXPECT_EQ(window.controller().applicationController()->openRegister(Register::Artikelen),
-              nullptr);
-
-    menu->trigger();
-    ASSERT_EQ(mdi->subWindowList().size(), 1);
-    EXPECT_TRUE(mdi->subWindowList().first()->isVisible());
-    EXPECT_TRUE(ui.messages.isEmpty());
 }
 
 }  // namespace

@@ -7,13 +7,9 @@
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMdiArea>
-#include <QMdiSubWindow>
-#include <QPointer>
 #include <QRadioButton>
 #include <QSignalSpy>
 #include <QTest>
-#include <QTimer>
 
 #include "RecordingUiService.h"
 #include "TestDatabase.h"
@@ -24,7 +20,6 @@
 #include "views/ListGrid.h"
 #include "views/QtCustomerViews.h"
 #include "views/QtViews.h"
-#include "views/frmFactuur.h"
 #include "views/frmKlant.h"
 #include "views/frmKlantBewerken.h"
 
@@ -254,40 +249,6 @@ TEST_F(CustomerScreenTest, F1OpensTheCustomerPageAndPrintingAsksForAPrinter) {
     QTest::keyClick(screens.edit, Qt::Key_Escape);
     QTest::mouseClick(child<QAbstractButton>(screens.list, "cmdAfdrukken"), Qt::LeftButton);
     EXPECT_EQ(ui.printerDialogs, 1) << "the user chooses the printer; cancelled, nothing printed";
-}
-
-// In the real frame: the menu opens one list however often it is chosen, the close box ends
-// the list with its sub-window, and the menu then opens a fresh one.
-TEST(CustomerInFrameTest, TheMenuOpensOneListAndItsCloseBoxEndsIt) {
-    TestDatabase database;
-    RecordingUiService ui;
-    installQtViews();
-    frmFactuur window{ShellServices{createProgramRegister, [] { return false; }}};
-    QTimer::singleShot(0, [] { QApplication::activeModalWidget()->close(); });
-    ASSERT_TRUE(window.startUp());
-    window.show();
-    auto* mdi = window.findChild<QMdiArea*>("mdiSchermen");
-    auto* menu = window.findChild<QAction*>("tlKlanten");
-
-    menu->trigger();
-    menu->trigger();
-    ASSERT_EQ(mdi->subWindowList().size(), 1);
-    QPointer<QMdiSubWindow> sub = mdi->subWindowList().first();
-    QPointer<QWidget> screen = sub->widget();
-    EXPECT_EQ(screen->objectName(), "frmKlant");
-
-    sub->close();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_TRUE(screen.isNull());
-    EXPECT_TRUE(sub.isNull());
-    EXPECT_EQ(window.controller().applicationController()->openRegister(Register::Klanten),
-              nullptr);
-
-    menu->trigger();
-    ASSERT_EQ(mdi->subWindowList().size(), 1);
-    EXPECT_TRUE(mdi->subWindowList().first()->isVisible());
-    EXPECT_TRUE(ui.messages.isEmpty());
 }
 
 }  // namespace

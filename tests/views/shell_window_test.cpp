@@ -3,13 +3,18 @@
 #include <QAction>
 #include <QApplication>
 #include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QMenu>
+#include <QPointer>
 #include <QTest>
 #include <QTimer>
 #include <functional>
 
 #include "RecordingUiService.h"
 #include "TestDatabase.h"
+#include "controllers/RegisterController.h"
+#include "controllers/clsControllerFactuur.h"
 #include "grid_qstring.h"
 #include "views/QtViews.h"
 #include "views/frmAbout.h"
@@ -97,5 +102,55 @@ TEST(SplashTest, AClickOnPictureOrFormAKeyOrTheUnloadTimerClosesIt) {
         EXPECT_EQ(splash.findChild<QLabel*>("lblVersion")->text(), "Versie 2.4.0");
     }
 }
+
+// A register in the real frame: the menu opens one screen however often it is chosen, the
+// close box ends it together with its sub-window and its controller, and the menu then opens
+// a fresh one.
+struct RegisterInFrame {
+    const char* tool;
+    const char* screen;
+    Register register_;
+};
+
+class RegisterInFrameTest : public testing::TestWithParam<RegisterInFrame> {};
+
+TEST_P(RegisterInFrameTest, TheMenuOpensOneScreenAndItsCloseBoxEndsIt) {
+    const RegisterInFrame& c = GetParam();
+    TestDatabase database;
+    RecordingUiService ui;
+    installQtViews();
+    frmFactuur window{Offline};
+    QTimer::singleShot(0, [] { QApplication::activeModalWidget()->close(); });
+    ASSERT_TRUE(window.startUp());
+    window.show();
+    auto* mdi = window.findChild<QMdiArea*>("mdiSchermen");
+    auto* menu = window.findChild<QAction*>(c.tool);
+
+    menu->trigger();
+    menu->trigger();
+    ASSERT_EQ(mdi->subWindowList().size(), 1);
+    QPointer<QMdiSubWindow> sub = mdi->subWindowList().first();
+    QPointer<QWidget> screen = sub->widget();
+    EXPECT_EQ(screen->objectName(), c.screen);
+    EXPECT_TRUE(sub->isVisible());
+
+    sub->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(screen.isNull()) << "its controller went, and the screen with it";
+    EXPECT_TRUE(sub.isNull());
+    EXPECT_EQ(window.controller().applicationController()->openRegister(c.register_), nullptr);
+
+    menu->trigger();
+    ASSERT_EQ(mdi->subWindowList().size(), 1);
+    EXPECT_TRUE(mdi->subWindowList().first()->isVisible());
+    EXPECT_TRUE(ui.messages.isEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Registers, RegisterInFrameTest,
+    testing::Values(RegisterInFrame{"tlArtikelen", "frmArtikel", Register::Artikelen},
+                    RegisterInFrame{"tlKlanten", "frmKlant", Register::Klanten}),
+    [](const auto& info) { return std::string(info.param.screen); });
 
 }  // namespace
