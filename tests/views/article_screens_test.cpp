@@ -16,7 +16,6 @@
 #include "controllers/ViewFactory.h"
 #include "controllers/clsContrArtikelBewerken.h"
 #include "controllers/clsControllerArtikel.h"
-#include "controllers/clsControllerFactuur.h"
 #include "grid_qstring.h"
 #include "platform/clsHelp.h"
 #include "records/clsObjArtikelPerFactuur.h"

@@ -14,7 +14,6 @@
 #include "RecordingUiService.h"
 #include "TestDatabase.h"
 #include "controllers/ViewFactory.h"
-#include "controllers/clsControllerFactuur.h"
 #include "controllers/clsControllerKlant.h"
 #include "platform/clsHelp.h"
 #include "views/ListGrid.h"
