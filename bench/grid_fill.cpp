@@ -5,11 +5,11 @@
 // so the figures are the grid's own.
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QLineEdit>
 #include <algorithm>
 #include <cstdio>
 
+#include "Timing.h"
 #include "views/ListGrid.h"
 #include "views/clsFlexgrid.h"
 
@@ -44,14 +44,6 @@ void fill(ListGrid& grid, const QStringList& rows) {
     grid.setRedraw(true);
     QCoreApplication::processEvents();
     grid.viewport()->repaint();
-}
-
-template <typename Work>
-double milliseconds(Work work) {
-    QElapsedTimer clock;
-    clock.start();
-    work();
-    return clock.nsecsElapsed() / 1e6;
 }
 
 void report(const char* what, QList<double> times) {

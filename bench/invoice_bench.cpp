@@ -4,11 +4,11 @@
 // read, the stock written, the grid and totals refilled). Medians of several runs.
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QProcess>
 #include <algorithm>
 #include <cstdio>
 
+#include "Timing.h"
 #include "base/Paths.h"
 #include "base/ProgramFolder.h"
 #include "controllers/ArticleViews.h"
@@ -28,19 +28,6 @@ constexpr int kRuns = 7;
 void benchmark_sink(qsizetype value) {
     static volatile qsizetype sink;
     sink = value;
-}
-
-template <typename Work>
-double milliseconds(Work work) {
-    QElapsedTimer clock;
-    clock.start();
-    work();
-    return clock.nsecsElapsed() / 1e6;
-}
-
-double median(QList<double> times) {
-    std::sort(times.begin(), times.end());
-    return times[times.size() / 2];
 }
 
 qint32 scalar(const QString& sql) {

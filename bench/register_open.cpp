@@ -7,14 +7,13 @@
 #include <sqlite3.h>
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QProcess>
 #include <QWidget>
 #include <algorithm>
 #include <cstdio>
-#include <functional>
 #include <memory>
 
+#include "Timing.h"
 #include "base/Paths.h"
 #include "base/ProgramFolder.h"
 #include "controllers/RegisterController.h"
@@ -40,18 +39,6 @@ const RegisterCase registers[] = {
 
 QString databaseFile() {
     return paths::withSeparator(ProgramFolder::path()) + "db.daa";
-}
-
-double median(QList<double> times) {
-    std::sort(times.begin(), times.end());
-    return times[times.size() / 2];
-}
-
-double milliseconds(const std::function<void()>& work) {
-    QElapsedTimer clock;
-    clock.start();
-    work();
-    return clock.nsecsElapsed() / 1e6;
 }
 
 bool exec(const QString& sql) {
